@@ -1,0 +1,148 @@
+/* polyarc: the records shared by every family of the flat interface, the
+ * status codes, and the export macro.
+ *
+ * All geometry is planar, in double precision and the caller's drawing
+ * units; angles are radians, the y axis points up, and counter-clockwise
+ * is the positive sense of rotation. */
+#ifndef POLYARC_RECORDS_H
+#define POLYARC_RECORDS_H
+
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(_WIN32)
+#  if defined(POLYARC_BUILDING)
+#    define POLYARC_API __declspec(dllexport)
+#  else
+#    define POLYARC_API __declspec(dllimport)
+#  endif
+#else
+#  define POLYARC_API __attribute__((visibility("default")))
+#endif
+#ifdef __cplusplus
+#  define POLYARC_EXTERN extern "C" POLYARC_API
+#else
+#  define POLYARC_EXTERN extern POLYARC_API
+#endif
+
+/* Status codes. Every operation that can fail returns one of these as an
+ * unsigned 16-bit value; 0 is success. Some codes carry more than one
+ * meaning; the aliases name them so that code reads as what it means. */
+enum {
+  PA_OK = 0,            /* success, or nothing to do */
+  PA_NOT_ON = 1,        /* a result, not an error: not near, not on, outside the range */
+  PA_NO_RECORD = 1001,  /* no record for a copy or a cut piece; a table overflowed */
+  PA_NO_MEMORY = 1005,  /* the store cannot grow */
+  PA_IMPOSSIBLE = 1005, /* invalid content, failed search or impossible construction */
+  PA_LIST_FULL = 1017,  /* a number list or crossing list is full */
+  PA_ZERO_LENGTH = 2000, /* a line of zero length was expanded or constructed */
+  PA_PARALLEL = 2011,    /* parallel lines have no intersection */
+  PA_CONCENTRIC = 2014,  /* circles with coincident centres */
+  PA_ZERO_RADIUS = 2339, /* an arc whose radius is below the tolerance */
+  PA_NOT_PAIRED = 2360,  /* two contours cannot be paired element by element */
+  PA_INVALID = 3011,     /* invalid argument or geometry */
+  PA_DEGENERATE = 3014,  /* degenerate three-point configuration */
+  PA_PARTIAL = 3072      /* partial result */
+};
+
+/* Element types. 19 and 20 appear only as full-circle codes of the arc
+ * construction and arc-to-lines functions. */
+enum {
+  LI_LINE = 1,      /* straight segment from ap to ep */
+  LI_MOVE = 2,      /* positioning element, not drawn */
+  LI_ARC_CW = 3,    /* clockwise arc */
+  LI_ARC_CCW = 4,   /* counter-clockwise arc */
+  LI_CIRCLE_CW = 19,
+  LI_CIRCLE_CCW = 20
+};
+
+typedef struct GE_POINT {
+  double x;
+  double y;
+} GE_POINT;
+
+typedef struct GE_POINT3 {
+  double x;
+  double y;
+  double z;
+} GE_POINT3;
+
+typedef struct GE_BOX {
+  double xmin;
+  double ymin;
+  double xmax;
+  double ymax;
+} GE_BOX;
+
+/* The geometric part of an element. For lines and moves mp holds the unit
+ * normal (t.y, -t.x) of the direction t, rad the signed distance n.ap of
+ * the carrier from the origin, and ang_ap / ang_ep the positions t.ap and
+ * t.ep of the ends along the carrier. For arcs mp is the centre, rad the
+ * radius and ang_ap / ang_ep the polar angles of the ends about mp, in
+ * (-pi, pi]. box carries a margin of one tolerance on every side. All
+ * fields but type, ap, ep (and mp, rad of arcs) are derived: only
+ * LiElemExpand recomputes them. */
+typedef struct GE_LI_ELEM {
+  uint16_t type;
+  GE_POINT ap;
+  GE_POINT ep;
+  GE_POINT mp;
+  GE_BOX box;
+  GE_POINT tan_ap;
+  GE_POINT tan_ep;
+  double rad;
+  double ang_ap;
+  double ang_ep;
+} GE_LI_ELEM;
+
+/* The element record: the geometric part, field for field as in
+ * GE_LI_ELEM, followed by the chain links and the payload. Records belong
+ * to an LI_HEAD store for their whole life. */
+typedef struct LI_TAB_STRUCT {
+  uint16_t type;
+  GE_POINT ap;
+  GE_POINT ep;
+  GE_POINT mp;
+  GE_BOX box;
+  GE_POINT tan_ap;
+  GE_POINT tan_ep;
+  double rad;
+  double ang_ap;
+  double ang_ep;
+  struct LI_TAB_STRUCT *next; /* successor; in the free list, the next free record */
+  struct LI_TAB_STRUCT *prev; /* predecessor; meaningless in the free list */
+  double attr_val;            /* payload, travels with the element */
+  int32_t attr_id;            /* payload, travels with the element */
+  uint16_t no;                /* element number */
+  uint16_t mark;              /* scratch flag of the crossing code */
+} LI_TAB_STRUCT;
+
+/* The element store. A zero-initialised LI_HEAD is a valid empty store;
+ * the caller owns it and frees its memory with LiFreeMem. */
+typedef struct LI_HEAD {
+  LI_TAB_STRUCT *free;    /* head of the free list, chained through next */
+  LI_TAB_STRUCT **blocks; /* table of the blocks of records */
+  uint32_t nblocks;       /* number of blocks */
+} LI_HEAD;
+
+/* Position codes of a point on an element (GePointOn). */
+enum {
+  GE_AT_START = 1,  /* at ap, snapped to it */
+  GE_AT_END = 2,    /* at ep, snapped to it */
+  GE_INSIDE = 3,    /* strictly inside, or anywhere on a full circle */
+  GE_BEFORE = 4,    /* on the carrier before the start */
+  GE_BEYOND = 5     /* on the carrier beyond the end */
+};
+
+/* An intersection point with its parameter and position code on each of
+ * the two elements that made it. */
+typedef struct IsectPoint {
+  double x;
+  double y;
+  double par1;
+  double par2;
+  uint16_t pos1;
+  uint16_t pos2;
+} IsectPoint;
+
+#endif /* POLYARC_RECORDS_H */

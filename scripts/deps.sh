@@ -1,0 +1,28 @@
+# Sourced by scripts/test and scripts/demo: installs the build dependencies
+# that are missing (cmake, a C++ compiler, GoogleTest) with apt-get when
+# running as root on Debian; otherwise says what to install.
+polyarc_missing_deps() {
+  local missing=()
+  command -v cmake >/dev/null 2>&1 || missing+=(cmake)
+  command -v g++ >/dev/null 2>&1 || missing+=(g++)
+  command -v make >/dev/null 2>&1 || missing+=(make)
+  command -v nm >/dev/null 2>&1 || missing+=(binutils)
+  if [ "${1:-}" = tests ] && [ ! -f /usr/include/gtest/gtest.h ]; then
+    missing+=(libgtest-dev)
+  fi
+  echo "${missing[@]}"
+}
+
+polyarc_ensure_deps() {
+  local missing
+  missing=$(polyarc_missing_deps "$@")
+  [ -z "$missing" ] && return 0
+  if [ "$(id -u)" = 0 ] && command -v apt-get >/dev/null 2>&1; then
+    echo "installing: $missing"
+    export DEBIAN_FRONTEND=noninteractive
+    apt-get update -qq && apt-get install -y -qq $missing >/dev/null
+  else
+    echo "missing build dependencies: $missing (install them, e.g. apt-get install $missing)" >&2
+    return 1
+  fi
+}

@@ -1,0 +1,37 @@
+# Compares the dynamic symbols that the library defines with the functions
+# that the public headers declare through POLYARC_EXTERN. Run with
+# -DLIBRARY=<path of the shared library> -DHEADERS=<public header folder>.
+find_program(NM nm REQUIRED)
+execute_process(COMMAND ${NM} -D --defined-only ${LIBRARY}
+  OUTPUT_VARIABLE nm_out RESULT_VARIABLE nm_rc)
+if(NOT nm_rc EQUAL 0)
+  message(FATAL_ERROR "nm failed on ${LIBRARY}")
+endif()
+string(REPLACE "\n" ";" nm_lines "${nm_out}")
+set(exported)
+foreach(line ${nm_lines})
+  if(line MATCHES "^[0-9a-fA-F]* *[A-Za-z] ([^ ]+)$")
+    list(APPEND exported ${CMAKE_MATCH_1})
+  endif()
+endforeach()
+
+file(GLOB headers ${HEADERS}/*.h)
+set(declared)
+foreach(header ${headers})
+  file(READ ${header} text)
+  string(REGEX MATCHALL "POLYARC_EXTERN[^;(]*\\(" decls "${text}")
+  foreach(decl ${decls})
+    string(REGEX MATCH "([A-Za-z_][A-Za-z0-9_]*)[ \t\n]*\\($" name "${decl}")
+    list(APPEND declared ${CMAKE_MATCH_1})
+  endforeach()
+endforeach()
+
+set(extra ${exported})
+list(REMOVE_ITEM extra ${declared})
+set(missing ${declared})
+list(REMOVE_ITEM missing ${exported})
+list(LENGTH declared n_declared)
+if(extra OR missing)
+  message(FATAL_ERROR "exported but not declared: ${extra}\ndeclared but not exported: ${missing}")
+endif()
+message(STATUS "${n_declared} declared functions, all exported, nothing else")

@@ -1,0 +1,134 @@
+// Test support: builders, the store audit and failure injection.
+#include "support/support.h"
+
+#include <cmath>
+#include <functional>
+#include <unordered_set>
+
+namespace polyarc_test {
+
+LI_TAB_STRUCT Line(GE_POINT ap, GE_POINT ep) {
+  LI_TAB_STRUCT e{};
+  e.type = LI_LINE;
+  e.ap = ap;
+  e.ep = ep;
+  e.next = e.prev = nullptr;
+  LiElemExpand(&e);
+  return e;
+}
+
+LI_TAB_STRUCT Arc(GE_POINT ap, GE_POINT ep, GE_POINT mp, uint16_t type) {
+  LI_TAB_STRUCT e{};
+  e.type = type;
+  e.ap = ap;
+  e.ep = ep;
+  e.mp = mp;
+  e.rad = std::hypot(ap.x - mp.x, ap.y - mp.y);
+  LiElemExpand(&e);
+  return e;
+}
+
+LI_TAB_STRUCT *Polyline(LI_HEAD *head, std::initializer_list<GE_POINT> points) {
+  LI_TAB_STRUCT *k = nullptr;
+  auto it = points.begin();
+  EXPECT_EQ(LiMove(head, &k, &*it), PA_OK);
+  for (++it; it != points.end(); ++it) EXPECT_EQ(LiDraw(head, &k, &*it), PA_OK);
+  return k;
+}
+
+LI_TAB_STRUCT *Polygon(LI_HEAD *head, std::initializer_list<GE_POINT> points) {
+  LI_TAB_STRUCT *k = Polyline(head, points);
+  EXPECT_EQ(LiDraw(head, &k, &*points.begin()), PA_OK);
+  return k;
+}
+
+std::vector<LI_TAB_STRUCT *> Elements(LI_TAB_STRUCT *k) {
+  std::vector<LI_TAB_STRUCT *> out;
+  if (k == nullptr) return out;
+  LI_TAB_STRUCT *e = k;
+  do {
+    out.push_back(e);
+    e = e->next;
+  } while (e != k && out.size() < 10000000);
+  return out;
+}
+
+namespace {
+
+struct Block {
+  const LI_TAB_STRUCT *first;
+  size_t count;
+};
+
+bool Owned(const std::vector<Block> &blocks, const LI_TAB_STRUCT *p) {
+  const std::less<const LI_TAB_STRUCT *> before;
+  for (const Block &b : blocks) {
+    if (!before(p, b.first) && before(p, b.first + b.count)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+testing::AssertionResult AllRecordsAccounted(const LI_HEAD &head,
+                                             std::initializer_list<const LI_TAB_STRUCT *> live) {
+  std::vector<Block> blocks;
+  size_t total = 0;
+  for (uint32_t i = 0; i < head.nblocks; ++i) {
+    const size_t count = MemTestBlockBytes(head.blocks[i]) / sizeof(LI_TAB_STRUCT);
+    blocks.push_back({head.blocks[i], count});
+    total += count;
+  }
+  std::unordered_set<const LI_TAB_STRUCT *> seen;
+  auto take = [&](const LI_TAB_STRUCT *p, const char *where) -> testing::AssertionResult {
+    if (!Owned(blocks, p)) return testing::AssertionFailure() << "foreign record in " << where;
+    if (!seen.insert(p).second) return testing::AssertionFailure() << "record twice, in " << where;
+    return testing::AssertionSuccess();
+  };
+  for (const LI_TAB_STRUCT *p = head.free; p != nullptr; p = p->next) {
+    if (auto r = take(p, "the free list"); !r) return r;
+  }
+  for (const LI_TAB_STRUCT *k : live) {
+    if (k == nullptr) continue;
+    if (LiCheck(k) != 1) return testing::AssertionFailure() << "a live contour has broken links";
+    const LI_TAB_STRUCT *e = k;
+    do {
+      if (auto r = take(e, "a live contour"); !r) return r;
+      e = e->next;
+    } while (e != k);
+  }
+  if (seen.size() != total) {
+    return testing::AssertionFailure() << (total - seen.size()) << " of " << total
+                                       << " records are neither free nor in a live contour";
+  }
+  return testing::AssertionSuccess();
+}
+
+LI_TAB_STRUCT *TakeAllFree(LI_HEAD *head) {
+  LI_TAB_STRUCT *chain = head->free;
+  if (chain == nullptr) return nullptr;
+  LI_TAB_STRUCT *last = chain;
+  while (last->next != nullptr) {
+    last->next->prev = last;
+    last = last->next;
+  }
+  last->next = chain;
+  chain->prev = last;
+  head->free = nullptr;
+  return chain;
+}
+
+void InjectedFailure::Arm() {
+  start_ = MemTestAllocCalls();
+  armed_ = true;
+  MemTestFailNth(n_);
+}
+
+void InjectedFailure::Disarm() {
+  if (!armed_) return;
+  fired_ = MemTestAllocCalls() - start_ >= n_;
+  armed_ = false;
+  MemTestFailNth(0);
+}
+
+}  // namespace polyarc_test
