@@ -1,0 +1,181 @@
+/* polyarc Li family: the element store, chains and contours.
+ *
+ * A contour is a circular, doubly linked chain of LI_TAB_STRUCT records,
+ * designated by a pointer to its first element; null is the empty contour.
+ * Functions that may change which element is first take the address of the
+ * caller's handle ("kont"). Records belong to the LI_HEAD store they came
+ * from: giving a contour back (LiRemove) puts its records on the store's
+ * free list, and only LiFreeMem returns memory.
+ *
+ * Bad arguments never crash: unless a function says otherwise, a null store
+ * or null handle address makes an allocating function return PA_NO_MEMORY
+ * (PA_INVALID where it takes a handle address) and change nothing; a null
+ * element makes a function without a status do nothing and return 0 or
+ * null. */
+#ifndef POLYARC_LI_H
+#define POLYARC_LI_H
+
+#include "polyarc/records.h"
+
+/* ---- Store ------------------------------------------------------------ */
+
+/* Adds a block of count records to the store's free list, in address order
+ * in front of the old free records. count 0 does nothing and returns 0.
+ * Returns PA_NO_MEMORY when the memory service fails (the store stays as
+ * it was, though its block table may have grown). */
+POLYARC_EXTERN uint16_t LiExpand(LI_HEAD *head, uint16_t count);
+
+/* Pops a record from the free list (growing the store by 256 records when
+ * it is empty). The record is uninitialised; null when the store cannot
+ * grow. */
+POLYARC_EXTERN LI_TAB_STRUCT *LiNewNoInit(LI_HEAD *head);
+
+/* Takes a zeroed record that is a one-element chain and stores it in *out.
+ * Returns PA_NO_MEMORY, leaving *out untouched, when the store cannot grow
+ * (or head or out is null). */
+POLYARC_EXTERN uint16_t LiNew(LI_HEAD *head, LI_TAB_STRUCT **out);
+
+/* Unchains e from the contour *kont and puts it on the free list. When e
+ * is the first element, *kont moves to its successor (null when e was the
+ * only element). */
+POLYARC_EXTERN void LiDel(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRUCT *e);
+
+/* Gives the whole contour *kont back to the free list in constant time
+ * after checking its links (LiCheck), and sets *kont to null. A broken
+ * chain is reported once through DebugAssert and abandoned: nothing is
+ * freed, *kont is still cleared. A null *kont does nothing. */
+POLYARC_EXTERN void LiRemove(LI_HEAD *head, LI_TAB_STRUCT **kont);
+
+/* Gives the chain that starts at first back to the free list without
+ * checking it, in constant time. A null first does nothing. */
+POLYARC_EXTERN void LiRemoveUnchecked(LI_HEAD *head, LI_TAB_STRUCT *first);
+
+/* Returns all memory of the store to the memory service and leaves it
+ * empty and usable again. Every element pointer into it dangles. */
+POLYARC_EXTERN void LiFreeMem(LI_HEAD *head);
+
+/* Takes e out of its chain (its neighbours are linked to each other) and
+ * makes it a one-element chain. */
+POLYARC_EXTERN void LiUnchain(LI_TAB_STRUCT *e);
+
+/* Splices the whole chain that holds b in front of a (at the end of the
+ * contour that a heads): ..., a.prev, b, ..., b.prev, a, ... When a and b
+ * are in the same chain, the chain is split in two instead. */
+POLYARC_EXTERN void LiChainPrev(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b);
+
+/* Cuts the run first..last (following next) out of its chain into a
+ * circular chain of its own. *kont becomes the element that followed the
+ * run, whatever it was before, or null when the run was the whole chain. */
+POLYARC_EXTERN void LiUnchainBlock(LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first,
+                                   LI_TAB_STRUCT *last);
+
+/* LiUnchainBlock, then gives the run back to the free list with LiRemove. */
+POLYARC_EXTERN void LiDelBlock(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first,
+                               LI_TAB_STRUCT *last);
+
+/* ---- Chains, insertion and copying ------------------------------------ */
+
+/* Splices the whole chain that holds b directly after a: a, b, ...,
+ * b.prev, a.next, ... Nothing happens when b is a. */
+POLYARC_EXTERN void LiChain(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b);
+
+/* Appends the chain to the contour *kont (it becomes the contour when *kont
+ * is null). When the contour's end and the chain's start differ by tol or
+ * more in x or y, a bridging move (type 2, not expanded) is appended first.
+ * Returns 0, or PA_NO_MEMORY when the bridge cannot be had (the chain then
+ * stays unjoined). A null chain does nothing. */
+POLYARC_EXTERN uint16_t LiChain2(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRUCT *chain);
+
+/* Appends a new zeroed element (type 0) to the contour *kont and returns it
+ * in *out for the caller to fill. Returns 0 or PA_NO_MEMORY (nothing
+ * changed). */
+POLYARC_EXTERN uint16_t LiEnlarge(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRUCT **out);
+
+/* Appends a copy of e to the contour *kont: geometric fields, attr_val,
+ * attr_id and no are copied (derived fields are not recomputed), mark is
+ * cleared. Returns 0 or PA_NO_MEMORY. */
+POLYARC_EXTERN uint16_t LiInsertElem2(LI_HEAD *head, LI_TAB_STRUCT **kont,
+                                      const LI_TAB_STRUCT *e);
+
+/* As LiInsertElem2, but an element whose ends coincide within tol per axis
+ * (whatever its type, so also a full circle) is skipped with status 0. */
+POLYARC_EXTERN uint16_t LiInsertElem(LI_HEAD *head, LI_TAB_STRUCT **kont,
+                                     const LI_TAB_STRUCT *e);
+
+/* Copies the run first..last (following next; first == last copies one
+ * element) into a new circular chain of whole-record copies and returns its
+ * first element; the caller owns it. Returns null when the store cannot
+ * grow (no record is lost) or first is null. A last that is not reached
+ * copies the whole chain of first. */
+POLYARC_EXTERN LI_TAB_STRUCT *LiCopyBlock(LI_HEAD *head, const LI_TAB_STRUCT *first,
+                                          const LI_TAB_STRUCT *last);
+
+/* Copies the contour src. Into an empty *dst: a new chain, 0 or
+ * PA_NO_RECORD. Into an existing *dst: its elements are overwritten in
+ * place (all fields but the links) and 0 is returned only when both
+ * chains have the same length; otherwise PA_NO_MEMORY after the common
+ * prefix was written. A null src copies as an empty contour. */
+POLYARC_EXTERN uint16_t LiCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, LI_TAB_STRUCT **dst);
+
+/* The successor and the predecessor of e (null for a null e). */
+POLYARC_EXTERN LI_TAB_STRUCT *LiSucc(const LI_TAB_STRUCT *e);
+POLYARC_EXTERN LI_TAB_STRUCT *LiPred(const LI_TAB_STRUCT *e);
+
+/* 1 when every element from k round to k has a non-null successor whose
+ * prev is the element, 0 at the first violation (and for a null k). */
+POLYARC_EXTERN int LiCheck(const LI_TAB_STRUCT *k);
+
+/* PA_IMPOSSIBLE when the contour holds a move or an arc with rad < -tol;
+ * 0 otherwise, also for a null contour. */
+POLYARC_EXTERN uint16_t LiCheckValid(const LI_TAB_STRUCT *k);
+
+/* ---- Contour construction --------------------------------------------- */
+
+/* Appends a move to p (type 2, ap = ep = p, not expanded), unless p
+ * coincides with the contour's end within tol per axis (then 0 and nothing
+ * added). Returns 0 or PA_NO_MEMORY. */
+POLYARC_EXTERN uint16_t LiMove(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POINT *p);
+
+/* Draws a line from the contour's end to p. A trailing move becomes the
+ * line in place. p within tol per axis of the end adds nothing (0).
+ * Returns the status of LiElemExpand, PA_NO_MEMORY, or PA_INVALID for a
+ * null kont, an empty contour or a null p. */
+POLYARC_EXTERN uint16_t LiDraw(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POINT *p);
+
+/* Gives the contour back (if any) and makes it the single line p1 -> p2.
+ * Returns the status of LiElemExpand (PA_ZERO_LENGTH for p1 == p2) or
+ * PA_NO_MEMORY. */
+POLYARC_EXTERN uint16_t LiDrawNew(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POINT *p1,
+                                  const GE_POINT *p2);
+
+/* Draws an arc about cen from the contour's end to p: clockwise (type 3)
+ * for any non-zero dir, counter-clockwise (type 4) for 0. The radius is
+ * the mean of both ends' distances from cen. Returns PA_INVALID when the
+ * distances differ by more than tol, or for a null kont, empty contour or
+ * null point; 0 without adding anything when p is the end point (a full
+ * circle cannot be drawn this way); else the status of LiElemExpand or
+ * PA_NO_MEMORY. */
+POLYARC_EXTERN uint16_t LiArc(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POINT *p,
+                              const GE_POINT *cen, int32_t dir);
+
+/* Recomputes the derived fields of e from its type, ap, ep (and mp, rad for
+ * arcs), box included. Returns 0, PA_ZERO_LENGTH for a line or move of
+ * exactly zero length (direction left zero), or PA_ZERO_RADIUS for an arc
+ * with |rad| < tol (tangents left zero, box still computed). Other types
+ * only get their box. */
+POLYARC_EXTERN uint16_t LiElemExpand(LI_TAB_STRUCT *e);
+
+/* LiElemExpand for a line or move. */
+POLYARC_EXTERN uint16_t LiElemExpandDrawVectorized(LI_TAB_STRUCT *e);
+
+/* ---- Element measures and splitting ----------------------------------- */
+
+/* Writes e's box: the tight box of the element (an arc's own extent, a full
+ * circle's whole circle) pushed outwards by tol on every side. Types other
+ * than arcs are boxed as the segment ap-ep. */
+POLYARC_EXTERN void LiElemBox(LI_TAB_STRUCT *e);
+
+/* The tight box of e without the tolerance margin, in *lo and *hi. */
+POLYARC_EXTERN void LiElemRealBox(const LI_TAB_STRUCT *e, GE_POINT *lo, GE_POINT *hi);
+
+#endif /* POLYARC_LI_H */

@@ -1,0 +1,179 @@
+// Joining chains, appending elements to contours, copying contours and
+// checking their links.
+#include <cstddef>
+#include <cstring>
+
+#include "geom/predicates.h"
+#include "polyarc/li.h"
+#include "store/chain_links.h"
+
+namespace polyarc {
+namespace {
+
+constexpr uint16_t kCopyBlock = 256;
+
+// Copies the geometric fields, attr_val, attr_id and no of src into a
+// one-element chain with mark cleared.
+void CopyForInsert(LI_TAB_STRUCT *copy, const LI_TAB_STRUCT *src) {
+  std::memcpy(static_cast<void *>(copy), src, offsetof(LI_TAB_STRUCT, next));
+  copy->attr_val = src->attr_val;
+  copy->attr_id = src->attr_id;
+  copy->no = src->no;
+  copy->mark = 0;
+  copy->next = copy->prev = copy;
+}
+
+void CloseChain(LI_TAB_STRUCT *first, LI_TAB_STRUCT *last) {
+  last->next = first;
+  first->prev = last;
+}
+
+// Copies first..last taking records straight off the free list, which is
+// only handed back to the store at the end. Stops early when the walk comes
+// back to first, so a last outside the chain cannot run it forever.
+LI_TAB_STRUCT *CopyRun(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last) {
+  LI_TAB_STRUCT *free = head.free;
+  LI_TAB_STRUCT *copy_first = nullptr;
+  LI_TAB_STRUCT *copy_last = nullptr;
+  for (const LI_TAB_STRUCT *src = first;; src = src->next) {
+    if (free == nullptr) {
+      head.free = nullptr;
+      if (Expand(head, kCopyBlock) != PA_OK) {
+        if (copy_first != nullptr) {
+          CloseChain(copy_first, copy_last);
+          SpliceIntoFree(head, copy_first);
+        }
+        return nullptr;
+      }
+      free = head.free;
+    }
+    LI_TAB_STRUCT *copy = free;
+    free = free->next;
+    *copy = *src;
+    copy->prev = copy_last;
+    if (copy_last != nullptr) copy_last->next = copy;
+    if (copy_first == nullptr) copy_first = copy;
+    copy_last = copy;
+    if (src == last || src->next == first) break;
+  }
+  CloseChain(copy_first, copy_last);
+  head.free = free;
+  return copy_first;
+}
+
+// Overwrites dst's elements with src's, keeping dst's links; 0 only when
+// both chains end together.
+uint16_t CopyInPlace(const LI_TAB_STRUCT *src, LI_TAB_STRUCT *dst) {
+  const LI_TAB_STRUCT *s = src;
+  LI_TAB_STRUCT *d = dst;
+  do {
+    LI_TAB_STRUCT *const next = d->next;
+    LI_TAB_STRUCT *const prev = d->prev;
+    *d = *s;
+    d->next = next;
+    d->prev = prev;
+    s = s->next;
+    d = next;
+  } while (s != src && d != dst);
+  return (s == src && d == dst) ? PA_OK : PA_NO_MEMORY;
+}
+
+}  // namespace
+}  // namespace polyarc
+
+using namespace polyarc;
+
+extern "C" void LiChain(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b) {
+  if (a != nullptr && b != nullptr) SpliceAfter(a, b);
+}
+
+extern "C" uint16_t LiChain2(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRUCT *chain) {
+  if (kont == nullptr) return PA_INVALID;
+  if (chain == nullptr) return PA_OK;
+  if (*kont == nullptr) {
+    *kont = chain;
+    return PA_OK;
+  }
+  const GE_POINT end = (*kont)->prev->ep;
+  if (!CoincidePerAxis(end, chain->ap, Tol())) {
+    LI_TAB_STRUCT *bridge = nullptr;
+    if (const uint16_t status = LiEnlarge(head, kont, &bridge); status != PA_OK) return status;
+    bridge->type = LI_MOVE;
+    bridge->ap = end;
+    bridge->ep = chain->ap;
+  }
+  SpliceAfter((*kont)->prev, chain);
+  return PA_OK;
+}
+
+extern "C" uint16_t LiEnlarge(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRUCT **out) {
+  if (kont == nullptr || out == nullptr) return PA_INVALID;
+  LI_TAB_STRUCT *e = nullptr;
+  if (const uint16_t status = LiNew(head, &e); status != PA_OK) return status;
+  Append(kont, e);
+  *out = e;
+  return PA_OK;
+}
+
+extern "C" uint16_t LiInsertElem2(LI_HEAD *head, LI_TAB_STRUCT **kont, const LI_TAB_STRUCT *e) {
+  if (kont == nullptr || e == nullptr) return PA_INVALID;
+  LI_TAB_STRUCT *copy = LiNewNoInit(head);
+  if (copy == nullptr) return PA_NO_MEMORY;
+  CopyForInsert(copy, e);
+  Append(kont, copy);
+  return PA_OK;
+}
+
+extern "C" uint16_t LiInsertElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const LI_TAB_STRUCT *e) {
+  if (kont == nullptr || e == nullptr) return PA_INVALID;
+  // The type is ignored on purpose: zero-length moves and full circles are
+  // skipped too; callers that need them use LiInsertElem2.
+  if (CoincidePerAxis(e->ap, e->ep, Tol())) return PA_OK;
+  return LiInsertElem2(head, kont, e);
+}
+
+extern "C" LI_TAB_STRUCT *LiCopyBlock(LI_HEAD *head, const LI_TAB_STRUCT *first,
+                                      const LI_TAB_STRUCT *last) {
+  if (head == nullptr || first == nullptr) return nullptr;
+  return CopyRun(*head, first, last);
+}
+
+extern "C" uint16_t LiCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, LI_TAB_STRUCT **dst) {
+  if (dst == nullptr) return PA_INVALID;
+  if (*dst != nullptr) {
+    if (src == nullptr) return PA_NO_MEMORY;
+    return CopyInPlace(src, *dst);
+  }
+  if (src == nullptr) return PA_OK;
+  *dst = LiCopyBlock(head, src, src->prev);
+  return *dst != nullptr ? PA_OK : PA_NO_RECORD;
+}
+
+extern "C" LI_TAB_STRUCT *LiSucc(const LI_TAB_STRUCT *e) { return e != nullptr ? e->next : nullptr; }
+
+extern "C" LI_TAB_STRUCT *LiPred(const LI_TAB_STRUCT *e) { return e != nullptr ? e->prev : nullptr; }
+
+extern "C" int LiCheck(const LI_TAB_STRUCT *k) {
+  if (k == nullptr) return 0;
+  // Terminates on any corruption: an element entered a second time from a
+  // different predecessor fails the prev test, so the first repeat is k.
+  const LI_TAB_STRUCT *e = k;
+  do {
+    const LI_TAB_STRUCT *n = e->next;
+    if (n == nullptr || n->prev != e) return 0;
+    e = n;
+  } while (e != k);
+  return 1;
+}
+
+extern "C" uint16_t LiCheckValid(const LI_TAB_STRUCT *k) {
+  if (k == nullptr) return PA_OK;
+  const double tol = Tol();
+  const LI_TAB_STRUCT *e = k;
+  do {
+    if (e->type == LI_MOVE) return PA_IMPOSSIBLE;
+    if (IsArc(*e) && e->rad < -tol) return PA_IMPOSSIBLE;
+    e = e->next;
+  } while (e != k);
+  return PA_OK;
+}
