@@ -1,0 +1,83 @@
+// The recurring tolerance rules of the library, written once. The rules
+// differ on purpose (per axis or by distance, strict or inclusive, tol or
+// 10 x tol), so each helper takes what differs as an argument; callers pass
+// the tolerance they read at the time of the call.
+#pragma once
+
+#include <cmath>
+
+#include "geom/vec.h"
+#include "polyarc/records.h"
+
+namespace polyarc {
+
+inline constexpr double kPi = 3.141592653589793;
+inline constexpr double kTwoPi = 6.283185307179586;
+inline constexpr double kHalfPi = 1.5707963267948966;
+// Fixed absolute limits, independent of the tolerance: the sine of the
+// angle below which lines count as parallel (and side decisions as
+// undecided), and the cosine above which unit normals count as parallel.
+inline constexpr double kParallelSine = 5e-09;
+inline constexpr double kParallelCosine = 0.999999995;
+
+// The current process-wide tolerance (owned by geom/tolerance.cpp).
+double Tol();
+
+// Both coordinate differences strictly below eps.
+constexpr bool CoincidePerAxis(GE_POINT a, GE_POINT b, double eps) {
+  return (a.x - b.x < eps && b.x - a.x < eps) && (a.y - b.y < eps && b.y - a.y < eps);
+}
+
+// Squared distance strictly below eps squared.
+constexpr bool CoincideByDistance(GE_POINT a, GE_POINT b, double eps) {
+  return Norm2(a - b) < eps * eps;
+}
+
+constexpr bool IsLine(const LI_TAB_STRUCT &e) { return e.type == LI_LINE || e.type == LI_MOVE; }
+constexpr bool IsArc(const LI_TAB_STRUCT &e) { return e.type == LI_ARC_CW || e.type == LI_ARC_CCW; }
+
+// A line's unit direction, from its stored normal: d = (-n.y, n.x).
+constexpr GE_POINT LineDirection(const LI_TAB_STRUCT &e) { return LeftNormal(e.mp); }
+
+// Adds one full turn to a negative angle difference: a sweep in [0, 2pi)
+// for differences of two angles in (-pi, pi].
+constexpr double SweepOnce(double s) { return s < 0.0 ? s + kTwoPi : s; }
+
+// The angle an arc sweeps in its own sense of travel, in [0, 2pi). Equal
+// end angles give 0, so a full circle is not a full turn here.
+constexpr double TravelSweep(const LI_TAB_STRUCT &e) {
+  return SweepOnce(e.type == LI_ARC_CW ? e.ang_ap - e.ang_ep : e.ang_ep - e.ang_ap);
+}
+
+// An angle in (-pi, pi] turned by half a turn, staying in (-pi, pi].
+constexpr double Opposite(double a) { return a + kPi > kPi ? a + kPi - kTwoPi : a + kPi; }
+
+// An arc's angular range in counter-clockwise order: from lo up to hi,
+// wrapping through +-pi when lo > hi.
+struct AngleRange {
+  double lo;
+  double hi;
+};
+
+constexpr AngleRange RangeOf(const LI_TAB_STRUCT &arc) {
+  return arc.type == LI_ARC_CW ? AngleRange{arc.ang_ep, arc.ang_ap}
+                               : AngleRange{arc.ang_ap, arc.ang_ep};
+}
+
+enum class Bounds { kInclusive, kStrict };
+// What a range with lo == hi holds: the single angle, or every angle.
+enum class EqualEnds { kSingleAngle, kFullTurn };
+
+constexpr bool AngleInRange(double a, AngleRange r, Bounds bounds, EqualEnds equal) {
+  const bool wraps = equal == EqualEnds::kFullTurn ? r.lo >= r.hi : r.lo > r.hi;
+  if (bounds == Bounds::kInclusive) return wraps ? (a >= r.lo || a <= r.hi) : (r.lo <= a && a <= r.hi);
+  return wraps ? (a > r.lo || a < r.hi) : (r.lo < a && a < r.hi);
+}
+
+// The inclusive range test used by the evaluation and distance functions:
+// equal end angles hold only that angle.
+constexpr bool AngleOnArc(double a, const LI_TAB_STRUCT &arc) {
+  return AngleInRange(a, RangeOf(arc), Bounds::kInclusive, EqualEnds::kSingleAngle);
+}
+
+}  // namespace polyarc
