@@ -1,0 +1,90 @@
+// Recomputation of an element's derived fields from its defining ones, and
+// the element boxes. Every operation that changes an element ends here.
+#include <algorithm>
+#include <cmath>
+
+#include "geom/arc_box.h"
+#include "geom/line_form.h"
+#include "geom/predicates.h"
+#include "polyarc/li.h"
+
+namespace polyarc {
+namespace {
+
+ArcBox TightBox(const LI_TAB_STRUCT &e, double tol) {
+  if (!IsArc(e)) {
+    return {{std::min(e.ap.x, e.ep.x), std::min(e.ap.y, e.ep.y)},
+            {std::max(e.ap.x, e.ep.x), std::max(e.ap.y, e.ep.y)}};
+  }
+  if (CoincidePerAxis(e.ap, e.ep, tol)) {
+    return {{e.mp.x - e.rad, e.mp.y - e.rad}, {e.mp.x + e.rad, e.mp.y + e.rad}};
+  }
+  // The clockwise arc from ap to ep, or, for type 4, from ep to ap.
+  return e.type == LI_ARC_CW ? ClockwiseArcBox(e.mp, e.rad, e.ap, e.ep)
+                             : ClockwiseArcBox(e.mp, e.rad, e.ep, e.ap);
+}
+
+void StoreBox(LI_TAB_STRUCT &e, double tol) {
+  const ArcBox b = TightBox(e, tol);
+  e.box = {b.min.x - tol, b.min.y - tol, b.max.x + tol, b.max.y + tol};
+}
+
+uint16_t ExpandLine(LI_TAB_STRUCT &e, double tol) {
+  const LineForm f = LineFormOf(e.ap, e.ep);
+  e.tan_ap = e.tan_ep = f.dir;
+  e.mp = f.normal;
+  e.rad = f.c;
+  e.ang_ap = f.t1;
+  e.ang_ep = f.t2;
+  StoreBox(e, tol);
+  return f.degenerate ? PA_ZERO_LENGTH : PA_OK;
+}
+
+uint16_t ExpandArc(LI_TAB_STRUCT &e, double tol) {
+  const GE_POINT ra = e.ap - e.mp;
+  const GE_POINT re = e.ep - e.mp;
+  e.ang_ap = Angle(ra);
+  e.ang_ep = Angle(re);
+  uint16_t status = PA_OK;
+  if (std::fabs(e.rad) >= tol) {
+    const double k = 1.0 / e.rad;
+    const bool cw = e.type == LI_ARC_CW;
+    e.tan_ap = k * (cw ? RightNormal(ra) : LeftNormal(ra));
+    e.tan_ep = k * (cw ? RightNormal(re) : LeftNormal(re));
+  } else {
+    e.tan_ap = e.tan_ep = {0.0, 0.0};
+    status = PA_ZERO_RADIUS;
+  }
+  StoreBox(e, tol);
+  return status;
+}
+
+}  // namespace
+}  // namespace polyarc
+
+using namespace polyarc;
+
+extern "C" uint16_t LiElemExpand(LI_TAB_STRUCT *e) {
+  if (e == nullptr) return PA_INVALID;
+  const double tol = Tol();
+  if (IsLine(*e)) return ExpandLine(*e, tol);
+  if (IsArc(*e)) return ExpandArc(*e, tol);
+  StoreBox(*e, tol);
+  return PA_OK;
+}
+
+extern "C" uint16_t LiElemExpandDrawVectorized(LI_TAB_STRUCT *e) {
+  if (e == nullptr) return PA_INVALID;
+  return ExpandLine(*e, Tol());
+}
+
+extern "C" void LiElemBox(LI_TAB_STRUCT *e) {
+  if (e != nullptr) StoreBox(*e, Tol());
+}
+
+extern "C" void LiElemRealBox(const LI_TAB_STRUCT *e, GE_POINT *lo, GE_POINT *hi) {
+  if (e == nullptr || lo == nullptr || hi == nullptr) return;
+  const ArcBox b = TightBox(*e, Tol());
+  *lo = b.min;
+  *hi = b.max;
+}
