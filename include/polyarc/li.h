@@ -129,6 +129,79 @@ POLYARC_EXTERN int LiCheck(const LI_TAB_STRUCT *k);
  * 0 otherwise, also for a null contour. */
 POLYARC_EXTERN uint16_t LiCheckValid(const LI_TAB_STRUCT *k);
 
+/* ---- Numbering, search and number lists ------------------------------ */
+
+/* A number list: entry 0 holds the count, entries 1..count the numbers in
+ * the order they were added, without duplicates. At most 103 numbers fit
+ * in its LI_NUM_LIST_SIZE entries. A zeroed array is an empty list. */
+enum { LI_NUM_LIST_SIZE = 104 };
+
+/* Numbers the elements in chain order: the counter is incremented, then
+ * stored in no, so numbering runs on across contours. Returns 0. */
+POLYARC_EXTERN uint16_t LiNumKont(LI_TAB_STRUCT *k, uint16_t *counter);
+
+/* *out becomes the first element from k whose no is n, or null. */
+POLYARC_EXTERN void LiSuchNo(LI_TAB_STRUCT *k, uint16_t n, LI_TAB_STRUCT **out);
+
+/* The first element from start whose no is n, searching up to but not
+ * including stop (stop is examined only when it is start); null when none
+ * or start is null. Also stored in *out when out is not null. */
+POLYARC_EXTERN LI_TAB_STRUCT *LiSuchNoFrom(LI_TAB_STRUCT *stop, LI_TAB_STRUCT *start, uint16_t n,
+                                           LI_TAB_STRUCT **out);
+
+/* From ea on in contour A (up to ka), finds the first element whose number
+ * occurs in contour B from sb up to kb; *out_a and *out_b receive the
+ * predecessors of the two matching elements, or the last elements of A and
+ * B when nothing matches. Returns 0. */
+POLYARC_EXTERN uint16_t LiSuchNextPair(LI_TAB_STRUCT *ka, LI_TAB_STRUCT *kb, LI_TAB_STRUCT *ea,
+                                       LI_TAB_STRUCT *sb, LI_TAB_STRUCT **out_a,
+                                       LI_TAB_STRUCT **out_b);
+
+/* The 1-based position of n in the list, or 0. */
+POLYARC_EXTERN uint16_t LiNumInListe(const uint16_t *list, uint16_t n);
+
+/* Removes n from the list (absent numbers change nothing). Returns 0. */
+POLYARC_EXTERN uint16_t LiNumAusListe(uint16_t *list, uint16_t n);
+
+/* Appends n unless present (then 0). PA_LIST_FULL, list unchanged, when
+ * the count would reach LI_NUM_LIST_SIZE. */
+POLYARC_EXTERN uint16_t LiNumAufListe(uint16_t *list, uint16_t n);
+
+/* Adds the numbers of src to dst in order; stops at the first failure and
+ * returns its status (PA_LIST_FULL), else 0. */
+POLYARC_EXTERN uint16_t LiLtAufLt(uint16_t *dst, const uint16_t *src);
+
+/* ---- Contour queries -------------------------------------------------- */
+
+/* 1 when e is an element of the contour k, else 0 (also for a null k). */
+POLYARC_EXTERN int LiElemInKont(const LI_TAB_STRUCT *k, const LI_TAB_STRUCT *e);
+
+/* The number of elements; 0 for a null contour. */
+POLYARC_EXTERN uint32_t LiCountElem(const LI_TAB_STRUCT *k);
+
+/* 1 when, walking from k, a is met before b; 0 when b is met first or a
+ * is b; 1 when neither is in the contour (or k is null). */
+POLYARC_EXTERN int LiUtVorNach(const LI_TAB_STRUCT *k, const LI_TAB_STRUCT *a,
+                               const LI_TAB_STRUCT *b);
+
+/* The side to which b leaves the end of a: +1 left, -1 right, by the cross
+ * product of the tangents beyond 5e-09; with parallel tangents 0 for a line
+ * b, else the turn of the arc b (reversed when it starts backwards). */
+POLYARC_EXTERN int16_t LiNextSide(const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b);
+
+/* 1 when the contour is one full circle: its first element is an arc that
+ * starts where its predecessor ends, and every element has the first's
+ * type, centre and radius within tol. 0 otherwise and for null. */
+POLYARC_EXTERN int LiCheckRund(const LI_TAB_STRUCT *k);
+
+/* 1 when a gap follows e (its ep and its successor's ap differ by tol or
+ * more in x or y), else 0. */
+POLYARC_EXTERN int LiLastElem(const LI_TAB_STRUCT *e);
+
+/* Foot of p on the line through e's ap along tan_ap (for an arc, its
+ * tangent at the start). Returns 0. */
+POLYARC_EXTERN uint16_t LiNormPt(const LI_TAB_STRUCT *e, const GE_POINT *p, GE_POINT *out);
+
 /* ---- Contour construction --------------------------------------------- */
 
 /* Appends a move to p (type 2, ap = ep = p, not expanded), unless p
@@ -177,5 +250,22 @@ POLYARC_EXTERN void LiElemBox(LI_TAB_STRUCT *e);
 
 /* The tight box of e without the tolerance margin, in *lo and *hi. */
 POLYARC_EXTERN void LiElemRealBox(const LI_TAB_STRUCT *e, GE_POINT *lo, GE_POINT *hi);
+
+/* ---- Contour measures and transforms ---------------------------------- */
+
+/* Extends the contour by len at both ends along its end tangents: an end
+ * line or move is lengthened in place (and re-expanded), an end arc gets a
+ * new line (a new first element at the start). When the start fails, its
+ * status is returned at once: an end line is still lengthened but not
+ * re-expanded, and no new end line is made. A new line that cannot be
+ * expanded is given back. Returns 0, PA_NO_MEMORY, PA_ZERO_LENGTH or
+ * PA_ZERO_RADIUS; an empty contour is left alone (0). */
+POLYARC_EXTERN uint16_t LiVerlKont(LI_HEAD *head, LI_TAB_STRUCT **kont, double len);
+
+/* Extends the contour by len along its tangent at the start (at_start
+ * non-zero) or at the end, as LiVerlKont does at one end. A negative len
+ * shortens an end line. Returns 0, PA_NO_MEMORY or the expansion status. */
+POLYARC_EXTERN uint16_t LiElemVerl(LI_HEAD *head, LI_TAB_STRUCT **kont, double len,
+                                   int32_t at_start);
 
 #endif /* POLYARC_LI_H */

@@ -1,0 +1,108 @@
+// Element numbers, searches by number and number lists.
+#include "support/support.h"
+
+namespace polyarc_test {
+namespace {
+
+using Chain = std::vector<LI_TAB_STRUCT *>;
+
+TEST(Numbering, OneCounterRunsOnAcrossContours) {
+  Store store;
+  LI_TAB_STRUCT *a = Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}, {3, 0}});
+  LI_TAB_STRUCT *b = Polyline(store.get(), {{0, 1}, {1, 1}, {2, 1}});
+  uint16_t counter = 0;
+  EXPECT_EQ(LiNumKont(a, &counter), PA_OK);
+  EXPECT_EQ(LiNumKont(b, &counter), PA_OK);
+  EXPECT_EQ(counter, 5);
+  std::vector<uint16_t> numbers;
+  for (LI_TAB_STRUCT *e : Elements(a)) numbers.push_back(e->no);
+  for (LI_TAB_STRUCT *e : Elements(b)) numbers.push_back(e->no);
+  EXPECT_EQ(numbers, (std::vector<uint16_t>{1, 2, 3, 4, 5}));
+  EXPECT_EQ(LiNumKont(nullptr, &counter), PA_OK);
+  EXPECT_EQ(counter, 5);
+}
+
+TEST(Numbering, SearchesByNumber) {
+  Store store;
+  LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}});
+  Chain e = Elements(k);
+  for (int i = 0; i < 4; ++i) e[i]->no = uint16_t(10 + i % 2);  // 10, 11, 10, 11
+  LI_TAB_STRUCT *out = e[3];
+  LiSuchNo(k, 11, &out);
+  EXPECT_EQ(out, e[1]);
+  LiSuchNo(k, 99, &out);
+  EXPECT_EQ(out, nullptr);
+  LiSuchNo(nullptr, 10, &out);
+  EXPECT_EQ(out, nullptr);
+
+  EXPECT_EQ(LiSuchNoFrom(k, e[2], 11, &out), e[3]);
+  EXPECT_EQ(out, e[3]);
+  EXPECT_EQ(LiSuchNoFrom(e[3], e[2], 11, nullptr), nullptr) << "the stop is not examined";
+  EXPECT_EQ(LiSuchNoFrom(e[2], e[2], 10, nullptr), e[2]) << "unless it is the start";
+  EXPECT_EQ(LiSuchNoFrom(e[0], e[3], 10, nullptr), nullptr) << "stops before wrapping to k";
+  EXPECT_EQ(LiSuchNoFrom(k, nullptr, 10, &out), nullptr);
+  EXPECT_EQ(out, nullptr);
+}
+
+TEST(Numbering, NextPairGivesThePredecessorsOfTheMatch) {
+  Store store;
+  LI_TAB_STRUCT *a = Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}, {3, 0}});
+  LI_TAB_STRUCT *b = Polyline(store.get(), {{0, 1}, {1, 1}, {2, 1}, {3, 1}});
+  Chain ea = Elements(a), eb = Elements(b);
+  const uint16_t na[] = {1, 2, 3}, nb[] = {7, 3, 2};
+  for (int i = 0; i < 3; ++i) {
+    ea[i]->no = na[i];
+    eb[i]->no = nb[i];
+  }
+  LI_TAB_STRUCT *out_a = nullptr, *out_b = nullptr;
+  EXPECT_EQ(LiSuchNextPair(a, b, ea[0], b, &out_a, &out_b), PA_OK);
+  EXPECT_EQ(out_a, ea[0]) << "number 2 matched at A's second element";
+  EXPECT_EQ(out_b, eb[1]);
+  EXPECT_EQ(LiSuchNextPair(a, b, ea[0], eb[2], &out_a, &out_b), PA_OK);
+  EXPECT_EQ(out_a, ea[0]);
+  EXPECT_EQ(out_b, eb[1]);
+  ea[1]->no = 8;
+  ea[2]->no = 9;
+  EXPECT_EQ(LiSuchNextPair(a, b, ea[1], b, &out_a, &out_b), PA_OK);
+  EXPECT_EQ(out_a, ea[2]) << "no match: the last elements";
+  EXPECT_EQ(out_b, eb[2]);
+}
+
+TEST(NumberList, HoldsAtMost103DistinctNumbers) {
+  uint16_t list[LI_NUM_LIST_SIZE] = {};
+  for (uint16_t n = 1; n <= 103; ++n) ASSERT_EQ(LiNumAufListe(list, uint16_t(n * 3)), PA_OK);
+  EXPECT_EQ(list[0], 103);
+  EXPECT_EQ(LiNumAufListe(list, 3), PA_OK) << "present: not added again";
+  EXPECT_EQ(list[0], 103);
+  EXPECT_EQ(LiNumAufListe(list, 1000), PA_LIST_FULL);
+  EXPECT_EQ(list[0], 103);
+  EXPECT_EQ(LiNumInListe(list, 9), 3);
+  EXPECT_EQ(LiNumInListe(list, 10), 0);
+}
+
+TEST(NumberList, RemovingShiftsTheRestDown) {
+  uint16_t list[LI_NUM_LIST_SIZE] = {};
+  for (uint16_t n : {5, 6, 7, 8}) LiNumAufListe(list, n);
+  EXPECT_EQ(LiNumAusListe(list, 42), PA_OK);
+  EXPECT_EQ(list[0], 4);
+  EXPECT_EQ(LiNumAusListe(list, 6), PA_OK);
+  EXPECT_EQ(list[0], 3);
+  EXPECT_EQ(list[1], 5);
+  EXPECT_EQ(list[2], 7);
+  EXPECT_EQ(list[3], 8);
+  EXPECT_EQ(LiNumInListe(list, 8), 3);
+}
+
+TEST(NumberList, AddingAListStopsAtTheFirstFailure) {
+  uint16_t dst[LI_NUM_LIST_SIZE] = {}, src[LI_NUM_LIST_SIZE] = {};
+  EXPECT_EQ(LiLtAufLt(dst, src), PA_OK);
+  for (uint16_t n = 1; n <= 101; ++n) LiNumAufListe(dst, n);
+  for (uint16_t n : {50, 200, 201, 202}) LiNumAufListe(src, n);
+  EXPECT_EQ(LiLtAufLt(dst, src), PA_LIST_FULL);
+  EXPECT_EQ(dst[0], 103);
+  EXPECT_EQ(dst[102], 200);
+  EXPECT_EQ(dst[103], 201);
+}
+
+}  // namespace
+}  // namespace polyarc_test
