@@ -1,27 +1,12 @@
 // Extending a contour along the tangent at its start or end: a line or
 // move is lengthened in place, an arc gets a new line in front or behind.
+#include "contour/new_line.h"
 #include "geom/predicates.h"
 #include "polyarc/li.h"
 #include "store/chain_links.h"
 
 namespace polyarc {
 namespace {
-
-// A new expanded line a -> b; given back when it cannot be expanded, so
-// that no degenerate element is left in a contour.
-uint16_t NewLine(LI_HEAD *head, GE_POINT a, GE_POINT b, LI_TAB_STRUCT *&out) {
-  LI_TAB_STRUCT *e = nullptr;
-  if (LiNew(head, &e) != PA_OK) return PA_NO_MEMORY;
-  e->type = LI_LINE;
-  e->ap = a;
-  e->ep = b;
-  if (const uint16_t status = LiElemExpand(e); status != PA_OK) {
-    LiRemove(head, &e);
-    return status;
-  }
-  out = e;
-  return PA_OK;
-}
 
 uint16_t ExtendStart(LI_HEAD *head, LI_TAB_STRUCT **kont, double len) {
   LI_TAB_STRUCT *first = *kont;
@@ -31,7 +16,7 @@ uint16_t ExtendStart(LI_HEAD *head, LI_TAB_STRUCT **kont, double len) {
     return LiElemExpand(first);
   }
   LI_TAB_STRUCT *line = nullptr;
-  if (const uint16_t status = NewLine(head, q, first->ap, line); status != PA_OK) return status;
+  if (const uint16_t status = NewExpandedLine(head, q, first->ap, line); status != PA_OK) return status;
   SpliceBefore(first, line);
   *kont = line;
   return PA_OK;
@@ -47,7 +32,7 @@ uint16_t ExtendEnd(LI_HEAD *head, LI_TAB_STRUCT **kont, double len) {
     return LiElemExpand(last);
   }
   LI_TAB_STRUCT *line = nullptr;
-  if (const uint16_t status = NewLine(head, last->ep, q, line); status != PA_OK) return status;
+  if (const uint16_t status = NewExpandedLine(head, last->ep, q, line); status != PA_OK) return status;
   SpliceAfter(last, line);
   return PA_OK;
 }

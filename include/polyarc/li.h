@@ -253,6 +253,50 @@ POLYARC_EXTERN void LiElemRealBox(const LI_TAB_STRUCT *e, GE_POINT *lo, GE_POINT
 
 /* ---- Contour measures and transforms ---------------------------------- */
 
+/* The union of the elements' stored boxes (tolerance margin included) in
+ * *lo and *hi. A null contour leaves the outputs untouched. */
+POLYARC_EXTERN void LiKontBox(const LI_TAB_STRUCT *k, GE_POINT *lo, GE_POINT *hi);
+
+/* The union of the elements' tight boxes (LiElemRealBox), no margin. */
+POLYARC_EXTERN void LiKontRealBox(const LI_TAB_STRUCT *k, GE_POINT *lo, GE_POINT *hi);
+
+/* Position against the x-axis from LiKontBox: *pos = 1 above (ymin > -tol
+ * and ymax > tol), -1 below (ymax < tol and ymin < -tol), else 0, so a
+ * contour touching the axis gives 0. Returns 0. */
+POLYARC_EXTERN uint16_t LiKontPos(const LI_TAB_STRUCT *k, int16_t *pos);
+
+/* Mirrors the contour in the x-axis: y of ap, ep and mp negated, arc
+ * senses exchanged, every element re-expanded. Returns the status of the
+ * last expansion (0 for a null contour). */
+POLYARC_EXTERN uint16_t LiMirror(LI_TAB_STRUCT *k);
+
+/* Moves every point by p1, then rotates it by a radians (counter-clockwise
+ * for a > 0) about p2, re-expanding each element; stops at the first
+ * non-zero expansion status and returns it. */
+POLYARC_EXTERN uint16_t LiMoveRotKont(LI_TAB_STRUCT *k, const GE_POINT *p1, const GE_POINT *p2,
+                                      double a);
+
+/* Closes every gap (an ep that does not coincide with its successor's ap,
+ * the last element's included) with a new line chained after the element;
+ * a line that cannot be expanded is not kept. Returns the status of the
+ * last gap handled: 0, PA_NO_MEMORY or the expansion status. */
+POLYARC_EXTERN uint16_t LiCloseKont(LI_HEAD *head, LI_TAB_STRUCT *k);
+
+/* As LiCloseKont, but every gap is closed through the x-axis: a vertical
+ * line down (or up) to the axis when the gap's start is off it, a line
+ * along the axis, and a vertical line to the gap's end when that is off
+ * it. A line of zero length is not kept (its PA_ZERO_LENGTH counts).
+ * Returns the status of the last allocation or expansion. */
+POLYARC_EXTERN uint16_t LiCloseKontToY0(LI_HEAD *head, LI_TAB_STRUCT *k);
+
+/* 1 when the contour has no gap (a null contour counts as closed); else 0,
+ * and *kont moves to the element after the first gap, so that an open
+ * contour starts at its gap. */
+POLYARC_EXTERN int LiCheckClosed(LI_TAB_STRUCT **kont);
+
+/* LiCheckClosed without moving the handle. */
+POLYARC_EXTERN int LiTestClosed(const LI_TAB_STRUCT *k);
+
 /* Extends the contour by len at both ends along its end tangents: an end
  * line or move is lengthened in place (and re-expanded), an end arc gets a
  * new line (a new first element at the start). When the start fails, its
