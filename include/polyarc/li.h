@@ -15,6 +15,8 @@
 #ifndef POLYARC_LI_H
 #define POLYARC_LI_H
 
+#include <stdio.h>
+
 #include "polyarc/records.h"
 
 /* ---- Store ------------------------------------------------------------ */
@@ -311,5 +313,88 @@ POLYARC_EXTERN uint16_t LiVerlKont(LI_HEAD *head, LI_TAB_STRUCT **kont, double l
  * shortens an end line. Returns 0, PA_NO_MEMORY or the expansion status. */
 POLYARC_EXTERN uint16_t LiElemVerl(LI_HEAD *head, LI_TAB_STRUCT **kont, double len,
                                    int32_t at_start);
+
+/* ---- Point finding and contour distance ------------------------------- */
+
+/* The first element from k in chain order that carries p, or null (also
+ * for a null k or p). An arc carries p within tol of its circle when p is
+ * within tol of an end, the arc is a full circle, or p's angle is in its
+ * range (exactly, bounds included). A line or move carries p within
+ * 10 x tol across it and tol along it: p within tol of an end, or strictly
+ * between its ends. So a joint point belongs to the earlier element. */
+POLYARC_EXTERN LI_TAB_STRUCT *LiKontFindPt(LI_TAB_STRUCT *k, const GE_POINT *p);
+
+/* As LiKontFindPt, but elements with an end within tol per axis of p are
+ * passed over: the first element that carries p in its interior (arc
+ * ranges strict, points within tol of an arc's end excluded; a full circle
+ * carries every other point of its circle), or null. */
+POLYARC_EXTERN LI_TAB_STRUCT *LiKontFindPtIgnoreApEp(LI_TAB_STRUCT *k, const GE_POINT *p);
+
+/* As LiKontFindPt with eps in place of tol in every test, the distance
+ * across a line included (no factor 10); only the full-circle test keeps
+ * the global tol. */
+POLYARC_EXTERN LI_TAB_STRUCT *LiKontFindPtUniformDistEpsi(LI_TAB_STRUCT *k, const GE_POINT *p,
+                                                          double eps);
+
+/* The two pieces of contour that meet at p, found with LiKontFindPt. When
+ * p is an element's start, *pafter is that element and *pbefore its
+ * predecessor (null when a gap separates them); at an element's end,
+ * *pbefore is it and *pafter its successor (null across a gap); inside an
+ * element both point to it. before and after receive the geometric fields
+ * of the pieces, cut at p when p is inside (the contour is not changed).
+ * Returns 0, PA_IMPOSSIBLE when no element carries p (both pointers null),
+ * PA_INVALID for null arguments, or the status of LiElemExpand of a cut
+ * piece (the first piece is recomputed first; when it fails, after holds
+ * the second piece cut but not recomputed). */
+POLYARC_EXTERN uint16_t LiKontNextElem(LI_TAB_STRUCT *k, const GE_POINT *p, GE_LI_ELEM *before,
+                                       GE_LI_ELEM *after, LI_TAB_STRUCT **pbefore,
+                                       LI_TAB_STRUCT **pafter);
+
+/* ---- Correction and cleaning ----------------------------------------- */
+
+/* Moves the start of the contour's first element e to p. When p lies on
+ * e's tangent line at the start (tan_ap is, per component within tol, the
+ * unit vector from p to ap or its opposite), a line or move gets ap = p and
+ * any other element a new line p -> ap in front of it, which becomes the
+ * first element. Otherwise an arc whose circle passes within tol of p gets
+ * ap = p, unless p is its end. Returns 0 (also for an empty contour or p at
+ * ap), PA_IMPOSSIBLE when p cannot be reached that way, PA_NO_MEMORY, the
+ * status of LiElemExpand, or PA_INVALID for a null kont or p. */
+POLYARC_EXTERN uint16_t LiKorrElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POINT *p);
+
+/* ---- Corresponding contours ------------------------------------------ */
+
+/* Makes two contours correspond element by element by their numbers (no),
+ * in chain order: where one contour lacks a number of the other, a
+ * zero-length line (type 1, at the start of the element it is put in front
+ * of, with the other element's no, attr_val and attr_id) is inserted; an
+ * element inserted in front of a contour's start becomes its start when its
+ * partner is the other contour's start. Partners for the end of a contour
+ * sit at its start point. Returns 0, PA_NOT_PAIRED for an empty contour, for
+ * two different numbers that both lack a partner, or for numbers in a
+ * different order; PA_NO_MEMORY when the store cannot grow (partners
+ * inserted so far stay); PA_INVALID for a null k1 or k2. No temporary
+ * element is left in either contour on any path. */
+POLYARC_EXTERN uint16_t LiCoCoExpKont(LI_HEAD *head, LI_TAB_STRUCT **k1, LI_TAB_STRUCT **k2);
+
+/* 1 when two corresponding elements can be blended: arcs of one type with
+ * centres within tol per axis; lines (type 1) of which one is degenerate
+ * (ends within tol per axis) or whose normals point the same way (dot
+ * product above 0.999999995); an arc and a line when the arc's radius is
+ * exactly 0 or the line is degenerate at the arc's centre. 0 otherwise,
+ * moves and null elements included. */
+POLYARC_EXTERN int LiCoCoCheckElem(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2);
+
+/* ---- Diagnostic dump ------------------------------------------------- */
+
+/* Writes one line per element of k, in chain order, in the format
+ * "%11p %2d %10g %10g %10g %10g %d\n": the element's address, type, ap x,
+ * ap y, ep x, ep y and no, flushing the stream after each line. A null
+ * stream means stderr; a null k writes nothing. Returns 0. */
+POLYARC_EXTERN uint16_t LiDebDumpLi(const LI_TAB_STRUCT *k, FILE *stream);
+
+/* Kept for old callers: ignore their argument, write nothing, return 0. */
+POLYARC_EXTERN uint16_t LiDebLi(const LI_TAB_STRUCT *k);
+POLYARC_EXTERN uint16_t LiDebElem(const LI_TAB_STRUCT *e);
 
 #endif /* POLYARC_LI_H */

@@ -118,6 +118,12 @@ LI_TAB_STRUCT *TakeAllFree(LI_HEAD *head) {
   return chain;
 }
 
+LI_TAB_STRUCT *TakeAllFreeBut(LI_HEAD *head, size_t n) {
+  LI_TAB_STRUCT *spare = TakeAllFree(head);
+  for (size_t i = 0; i < n && spare != nullptr; ++i) LiDel(head, &spare, spare->prev);
+  return spare;
+}
+
 void InjectedFailure::Arm() {
   start_ = MemTestAllocCalls();
   armed_ = true;

@@ -63,6 +63,10 @@ testing::AssertionResult AllRecordsAccounted(const LI_HEAD &head,
 // allocation has to grow the store. Count the chain as live in audits.
 LI_TAB_STRUCT *TakeAllFree(LI_HEAD *head);
 
+// As TakeAllFree, but leaves n records on the free list, so that the
+// (n + 1)-th record taken has to grow the store.
+LI_TAB_STRUCT *TakeAllFreeBut(LI_HEAD *head, size_t n);
+
 // Makes the n-th memory allocation after Arm() fail.
 class InjectedFailure {
  public:
@@ -95,6 +99,23 @@ unsigned long ForEachAllocationFailure(Body body) {
     if (!failure.Fired()) return n - 1;
   }
   ADD_FAILURE() << "the operation never ran without reaching the injected failure";
+  return 0;
+}
+
+// Runs body(n, InjectedFailure &) for n = 0, 1, 2, ... with a failure that
+// makes the store's next growth fail, until a run that did not reach it.
+// The body builds its inputs, leaves n free records (TakeAllFreeBut),
+// calls Arm(), runs the operation, calls Disarm() and checks the outcome;
+// so the operation runs out of records at its (n + 1)-th record. Returns
+// the number of failing runs.
+template <class Body>
+unsigned long ForEachRecordShortage(Body body) {
+  for (unsigned long n = 0; n < 100000; ++n) {
+    InjectedFailure failure(1);
+    body(static_cast<size_t>(n), failure);
+    if (!failure.Fired()) return n;
+  }
+  ADD_FAILURE() << "the operation never ran without running out of records";
   return 0;
 }
 
