@@ -119,6 +119,50 @@ POLYARC_EXTERN uint16_t GeIseCirLin(const GE_POINT *centre, double radius, const
 POLYARC_EXTERN uint16_t GeIseCirCir(const GE_POINT *c1, double r1, const GE_POINT *c2, double r2,
                                     uint16_t *count, GE_POINT *p1, GE_POINT *p2);
 
+/* Crossings of the carriers of e1 and e2 (lines, or full circles of arcs
+ * with |rad| >= tol; smaller arcs meet nothing), classified on e1 and then
+ * on e2 by GePointOn: par1/pos1 and par2/pos2 receive the parameter and the
+ * position code on each. Snapping to e1's end comes first, so a crossing
+ * at a shared vertex gets the vertex's coordinates. With a line the points
+ * come in the line's direction. Returns the number of points (0, 1, 2);
+ * i1 and i2 are written only as far as that number. */
+POLYARC_EXTERN uint16_t GeCross(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, IsectPoint *i1,
+                                IsectPoint *i2);
+
+/* Do two circles (radii by absolute value) cross properly? side and touch
+ * are zeroed first. touch 2: centres within tol; touch 1: touching within
+ * tol in any of the three ways, disjoint, nested, or a chord no longer
+ * than tol; touch 0: two crossings, with side 1 when p lies right of (or
+ * on) the line c1 -> c2, else 0. Returns the math error indicator (0). */
+POLYARC_EXTERN uint16_t GeCirCirTest(const GE_POINT *c1, double r1, const GE_POINT *c2, double r2,
+                                     const GE_POINT *p, uint16_t *side, uint16_t *touch);
+
+/* The same for a circle and the line n.p = c, with a = the centre's
+ * distance from the line: touch 1 when r - tol < a < r + tol (strict);
+ * for a < r - tol a proper crossing (touch 0, side 1 when (p - centre) x n
+ * < 0). A line that misses the circle leaves touch and side 0, unlike
+ * GeCirCirTest. Returns the math error indicator (0). */
+POLYARC_EXTERN uint16_t GeCirLinTest(const GE_POINT *centre, double radius, const GE_POINT *n,
+                                     double c, const GE_POINT *p, uint16_t *side, uint16_t *touch);
+
+/* GeCirCirTest or GeCirLinTest on the carriers of e1 and e2 with e1's end
+ * point as the test point. Two lines: touch 2 when parallel (as in
+ * GeIseLinLin), else touch and side 0. Returns the test's status (0). */
+POLYARC_EXTERN uint16_t GeElemIsectTest(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2,
+                                        uint16_t *side, uint16_t *touch);
+
+/* Common tangents of two circles, radii taken with their signs: with inner
+ * non-zero the two that separate the circles, else the two with both
+ * circles on one side. Each tangent is n.p = k with unit normal n; c1 lies
+ * at signed distance -r1 from both, c2 at -r2 (outer) or +r2 (inner).
+ * Returns 0, or PA_IMPOSSIBLE (nothing written) when the centres are
+ * closer than tol or no such tangent exists: |q| > 1 with q = (r1 + r2)/d
+ * for inner and (r1 - r2)/d for outer tangents (q < -1 is refused as well
+ * as q > 1). */
+POLYARC_EXTERN uint16_t GeCirCirTan(const GE_POINT *c1, double r1, const GE_POINT *c2, double r2,
+                                    int32_t inner, GE_POINT *n1, double *k1, GE_POINT *n2,
+                                    double *k2);
+
 /* ---- Distances -------------------------------------------------------- */
 
 /* Bounding box of the arc about centre through p1 and p2. With clockwise
