@@ -2,6 +2,7 @@
 // their numbers (inserting zero-length partners where one contour lacks a
 // number), testing pairs for blending, and blending contours at a fraction.
 #include "geom/predicates.h"
+#include "polyarc/ge.h"
 #include "polyarc/li.h"
 #include "store/chain_links.h"
 
@@ -119,6 +120,65 @@ bool Compatible(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b) {
   return false;
 }
 
+GE_POINT Lerp(GE_POINT a, GE_POINT b, double t) { return a + t * (b - a); }
+
+// The point halfway along an element: a line's mean of its ends; on an
+// arc, the point of its circle on the chord's perpendicular, on the side
+// the arc bulges to (its end when the chord is too short to say).
+GE_POINT Midpoint(const LI_TAB_STRUCT &e, double tol) {
+  if (!IsArc(e)) return 0.5 * (e.ap + e.ep);
+  GE_POINT r{e.ap.y - e.ep.y, e.ep.x - e.ap.x};
+  if (e.type == LI_ARC_CCW) r = -r;
+  const double len = Norm(r);
+  if (len <= tol) return e.ep;
+  return e.mp + e.rad * GE_POINT{r.x / len, r.y / len};
+}
+
+uint16_t ArcType(uint16_t sense) {
+  if (sense == LI_ARC_CW || sense == LI_CIRCLE_CW) return LI_ARC_CW;
+  if (sense == LI_ARC_CCW || sense == LI_CIRCLE_CCW) return LI_ARC_CCW;
+  return LI_LINE;
+}
+
+// Gives e the shape at fraction t between e1 and e2: a line between the
+// blended ends, or the arc through them and the blended midpoint when
+// either is an arc and the arc can be made.
+void Blend(LI_TAB_STRUCT &e, const LI_TAB_STRUCT &e1, const LI_TAB_STRUCT &e2, double t) {
+  const double tol = Tol();
+  e.type = LI_LINE;
+  e.ap = Lerp(e1.ap, e2.ap, t);
+  e.ep = Lerp(e1.ep, e2.ep, t);
+  if (CoincidePerAxis(e.ap, e.ep, tol) || (!IsArc(e1) && !IsArc(e2))) return;
+  // The construction may exchange its second and third points in place.
+  GE_POINT start = e.ap, mid = Lerp(Midpoint(e1, tol), Midpoint(e2, tol), t), end = e.ep;
+  GE_POINT centre{};
+  double radius = 0.0;
+  uint16_t sense = 0;
+  if (GeArc3Points(&start, &mid, &end, &centre, &radius, &sense) != PA_OK) return;
+  e.type = ArcType(sense);
+  e.mp = centre;
+  e.rad = radius;
+}
+
+// Blends two paired contours element by element into *out.
+uint16_t BlendContours(LI_HEAD *head, const LI_TAB_STRUCT *k1, const LI_TAB_STRUCT *k2, double t,
+                       LI_TAB_STRUCT *&out, uint32_t &compatible) {
+  const LI_TAB_STRUCT *e1 = k1;
+  const LI_TAB_STRUCT *e2 = k2;
+  do {
+    if (e1->no != e2->no) return PA_NOT_PAIRED;
+    LI_TAB_STRUCT *e = nullptr;
+    if (const uint16_t status = LiCoCoFactElem(head, e1, e2, t, &e); status != PA_OK) return status;
+    if (compatible == 1) compatible = Compatible(*e1, *e2) ? 1 : 0;
+    e->no = e1->no;
+    Append(&out, e);
+    e1 = e1->next;
+    e2 = e2->next;
+  } while (e1 != k1 && e2 != k2);
+  if (e1 != k1 || e2 != k2) return PA_NOT_PAIRED;
+  return PA_OK;
+}
+
 }  // namespace
 }  // namespace polyarc
 
@@ -137,4 +197,32 @@ extern "C" uint16_t LiCoCoExpKont(LI_HEAD *head, LI_TAB_STRUCT **k1, LI_TAB_STRU
 extern "C" int LiCoCoCheckElem(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2) {
   if (e1 == nullptr || e2 == nullptr) return 0;
   return Compatible(*e1, *e2) ? 1 : 0;
+}
+
+extern "C" uint16_t LiCoCoFactElem(LI_HEAD *head, const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2,
+                                   double t, LI_TAB_STRUCT **out) {
+  if (e1 == nullptr || e2 == nullptr || out == nullptr) return PA_INVALID;
+  LI_TAB_STRUCT *e = nullptr;
+  if (const uint16_t status = LiNew(head, &e); status != PA_OK) return status;
+  Blend(*e, *e1, *e2, t);
+  // A blend may well degenerate (two zero-length partners); it is handed
+  // out all the same, as far as it can be recomputed.
+  LiElemExpand(e);
+  *out = e;
+  return PA_OK;
+}
+
+extern "C" uint16_t LiCoCoFactKont(LI_HEAD *head, const LI_TAB_STRUCT *k1, const LI_TAB_STRUCT *k2,
+                                   double t, LI_TAB_STRUCT **out, uint32_t *compatible) {
+  if (compatible != nullptr) *compatible = 1;
+  if (!(t >= 0.0 && t <= 1.0) || k1 == nullptr || k2 == nullptr || out == nullptr ||
+      *out != nullptr || compatible == nullptr)
+    return PA_INVALID;
+  LI_TAB_STRUCT *blend = nullptr;
+  if (const uint16_t status = BlendContours(head, k1, k2, t, blend, *compatible); status != PA_OK) {
+    LiRemove(head, &blend);
+    return status;
+  }
+  *out = blend;
+  return PA_OK;
 }

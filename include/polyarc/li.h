@@ -385,6 +385,29 @@ POLYARC_EXTERN uint16_t LiCoCoExpKont(LI_HEAD *head, LI_TAB_STRUCT **k1, LI_TAB_
  * moves and null elements included. */
 POLYARC_EXTERN int LiCoCoCheckElem(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2);
 
+/* The element at fraction t between e1 and e2, as a new one-element chain
+ * in *out that the caller owns: its ends are the blends p1 + t (p2 - p1)
+ * of the two elements' ends. When either is an arc and the ends do not
+ * coincide within tol per axis, it is the arc through its ends and the
+ * blended midpoint of the two (GeArc3Points; a full-circle sense counts as
+ * its arc type), else a line, also when no arc can be made. It is
+ * expanded; a degenerate blend is handed out as it is. Returns 0,
+ * PA_NO_MEMORY (*out untouched) or PA_INVALID for null arguments. */
+POLYARC_EXTERN uint16_t LiCoCoFactElem(LI_HEAD *head, const LI_TAB_STRUCT *e1,
+                                       const LI_TAB_STRUCT *e2, double t, LI_TAB_STRUCT **out);
+
+/* The contour at fraction t between two corresponding contours (see
+ * LiCoCoExpKont), blended pair by pair in chain order with LiCoCoFactElem;
+ * each blend gets k1's number. *compatible becomes 1, and 0 from the first
+ * pair that LiCoCoCheckElem refuses (the blend is made all the same).
+ * Returns 0 with the new contour in *out; PA_INVALID when t is outside
+ * [0, 1], a contour is empty, or *out is not null on entry; PA_NOT_PAIRED
+ * when the numbers of a pair differ or the lengths differ; PA_NO_MEMORY.
+ * On failure *out stays null: the blends made so far are given back. */
+POLYARC_EXTERN uint16_t LiCoCoFactKont(LI_HEAD *head, const LI_TAB_STRUCT *k1,
+                                       const LI_TAB_STRUCT *k2, double t, LI_TAB_STRUCT **out,
+                                       uint32_t *compatible);
+
 /* ---- Diagnostic dump ------------------------------------------------- */
 
 /* Writes one line per element of k, in chain order, in the format

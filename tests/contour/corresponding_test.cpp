@@ -139,6 +139,165 @@ TEST(Corresponding, ExpKontUnderAllocationFailure) {
   EXPECT_EQ(failing, 4u) << "two sentinels and two partners";
 }
 
+std::vector<GE_POINT> Vertices(LI_TAB_STRUCT *k) {
+  std::vector<GE_POINT> v;
+  for (LI_TAB_STRUCT *e : Elements(k)) {
+    v.push_back(e->ap);
+    v.push_back(e->ep);
+  }
+  return v;
+}
+
+// The square of half side h about the origin, counter-clockwise from its
+// lower left corner, numbered 1 to 4.
+LI_TAB_STRUCT *Square(LI_HEAD *head, double h) {
+  LI_TAB_STRUCT *k = Polygon(head, {{-h, -h}, {h, -h}, {h, h}, {-h, h}});
+  Number(k, {1, 2, 3, 4});
+  return k;
+}
+
+// The upper half of the circle of radius r about the origin,
+// counter-clockwise from (r, 0), closed by its diameter; numbered 1, 2.
+LI_TAB_STRUCT *HalfDisc(LI_HEAD *head, double r) {
+  LI_TAB_STRUCT *k = nullptr;
+  const GE_POINT a{r, 0}, b{-r, 0}, centre{0, 0};
+  EXPECT_EQ(LiMove(head, &k, &a), PA_OK);
+  EXPECT_EQ(LiArc(head, &k, &b, &centre, 0), PA_OK);
+  EXPECT_EQ(LiDraw(head, &k, &a), PA_OK);
+  Number(k, {1, 2});
+  return k;
+}
+
+TEST(Corresponding, BlendsOfConcentricSquaresAtBothEndsAndHalfway) {
+  Store store;
+  LI_TAB_STRUCT *inner = Square(store.get(), 2);
+  LI_TAB_STRUCT *outer = Square(store.get(), 4);
+  for (double t : {0.0, 0.5, 1.0}) {
+    LI_TAB_STRUCT *blend = nullptr;
+    uint32_t compatible = 7;
+    ASSERT_EQ(LiCoCoFactKont(store.get(), inner, outer, t, &blend, &compatible), PA_OK);
+    EXPECT_EQ(compatible, 1u);
+    const double h = 2 + 2 * t;
+    LI_TAB_STRUCT *expected = Square(store.get(), h);
+    EXPECT_EQ(Vertices(blend), Vertices(expected)) << "t = " << t;
+    EXPECT_EQ(Numbers(blend), (std::vector<uint16_t>{1, 2, 3, 4}));
+    EXPECT_EQ(blend->ang_ep - blend->ang_ap, 2 * h) << "expanded";
+    LiRemove(store.get(), &expected);
+    LiRemove(store.get(), &blend);
+  }
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {inner, outer}));
+}
+
+TEST(Corresponding, BlendsOfArcs) {
+  Store store;
+  LI_TAB_STRUCT *small = HalfDisc(store.get(), 1);
+  LI_TAB_STRUCT *big = HalfDisc(store.get(), 3);
+  LI_TAB_STRUCT *blend = nullptr;
+  uint32_t compatible = 0;
+  ASSERT_EQ(LiCoCoFactKont(store.get(), small, big, 0.5, &blend, &compatible), PA_OK);
+  EXPECT_EQ(compatible, 1u);
+  EXPECT_EQ(blend->type, LI_ARC_CCW);
+  EXPECT_NEAR(blend->mp.x, 0, 1e-12);
+  EXPECT_NEAR(blend->mp.y, 0, 1e-12);
+  EXPECT_NEAR(blend->rad, 2, 1e-12) << "the concentric arc between them";
+  EXPECT_EQ(blend->next->type, LI_LINE);
+  EXPECT_EQ(blend->next->ap, (GE_POINT{-2, 0}));
+
+  // An arc against the chord (-1,0) -> (1,0) run backwards: halfway, the
+  // arc through (1,0), (0,0.5), (-1,0), about (0,-0.75) with radius 1.25.
+  LI_TAB_STRUCT *flat = Polyline(store.get(), {{1, 0}, {-1, 0}, {1, 0}});
+  Number(flat, {1, 2});
+  LI_TAB_STRUCT *bulge = nullptr;
+  ASSERT_EQ(LiCoCoFactKont(store.get(), small, flat, 0.5, &bulge, &compatible), PA_OK);
+  EXPECT_EQ(compatible, 0u) << "an arc and a plain line do not blend well";
+  EXPECT_EQ(bulge->type, LI_ARC_CCW);
+  EXPECT_NEAR(bulge->mp.y, -0.75, 1e-12);
+  EXPECT_NEAR(bulge->rad, 1.25, 1e-12);
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {small, big, flat, blend, bulge}));
+}
+
+TEST(Corresponding, FactElemMakesLinesWhereNoArcCanBe) {
+  Store store;
+  const LI_TAB_STRUCT arc = Arc({1, 0}, {-1, 0}, {0, 0}, LI_ARC_CCW);
+  const LI_TAB_STRUCT point = Line({-1, 0}, {1, 0});
+  LI_TAB_STRUCT *e = nullptr;
+  // Ends blend to (0,0) and (0,0): nothing left to bend.
+  ASSERT_EQ(LiCoCoFactElem(store.get(), &arc, &point, 0.5, &e), PA_OK);
+  EXPECT_EQ(e->type, LI_LINE);
+  EXPECT_EQ(e->ap, (GE_POINT{0, 0}));
+  EXPECT_EQ(e->next, e);
+  // Two lines blend into a line, even across.
+  const LI_TAB_STRUCT up = Line({0, 0}, {0, 2});
+  LI_TAB_STRUCT *line = nullptr;
+  ASSERT_EQ(LiCoCoFactElem(store.get(), &point, &up, 0.5, &line), PA_OK);
+  EXPECT_EQ(line->type, LI_LINE);
+  EXPECT_EQ(line->ep, (GE_POINT{0.5, 1}));
+  EXPECT_EQ(LiCoCoFactElem(store.get(), &arc, nullptr, 0.5, &line), PA_INVALID);
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {e, line}));
+}
+
+TEST(Corresponding, FactKontRefusesWhatCannotBeBlended) {
+  Store store;
+  LI_TAB_STRUCT *square = Square(store.get(), 1);
+  LI_TAB_STRUCT *triangle = Polygon(store.get(), {{0, 0}, {3, 0}, {0, 4}});
+  Number(triangle, {1, 2, 3});
+  LI_TAB_STRUCT *out = nullptr;
+  uint32_t compatible = 0;
+  EXPECT_EQ(LiCoCoFactKont(store.get(), square, triangle, 0.5, &out, &compatible), PA_NOT_PAIRED)
+      << "unequal lengths";
+  EXPECT_EQ(out, nullptr);
+  EXPECT_EQ(LiCoCoFactKont(store.get(), triangle, square, 0.5, &out, &compatible), PA_NOT_PAIRED);
+  Number(triangle, {1, 3, 2});
+  EXPECT_EQ(LiCoCoFactKont(store.get(), triangle, triangle->next, 0.5, &out, &compatible),
+            PA_NOT_PAIRED)
+      << "numbers that differ";
+  EXPECT_EQ(out, nullptr);
+  EXPECT_EQ(LiCoCoFactKont(store.get(), square, square, -0.25, &out, &compatible), PA_INVALID);
+  EXPECT_EQ(LiCoCoFactKont(store.get(), square, square, 1.25, &out, &compatible), PA_INVALID);
+  EXPECT_EQ(LiCoCoFactKont(store.get(), square, nullptr, 0.5, &out, &compatible), PA_INVALID);
+  out = triangle;
+  EXPECT_EQ(LiCoCoFactKont(store.get(), square, square, 0.5, &out, &compatible), PA_INVALID)
+      << "the out contour must be empty";
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {square, triangle}));
+}
+
+TEST(Corresponding, PairingThenBlendingATriangleIntoASquare) {
+  Store store;
+  LI_TAB_STRUCT *square = Square(store.get(), 2);
+  // The square without its left side: (-2,-2) -> (2,-2) -> (2,2) -> (-2,-2).
+  LI_TAB_STRUCT *triangle = Polygon(store.get(), {{-2, -2}, {2, -2}, {2, 2}});
+  Number(triangle, {1, 2, 3});
+  ASSERT_EQ(LiCoCoExpKont(store.get(), &triangle, &square), PA_OK);
+  EXPECT_EQ(Numbers(triangle), (std::vector<uint16_t>{1, 2, 3, 4}));
+  EXPECT_TRUE(ZeroLength(Elements(triangle)[3], {-2, -2}));
+  LI_TAB_STRUCT *start = nullptr, *end = nullptr;
+  uint32_t compatible = 0;
+  ASSERT_EQ(LiCoCoFactKont(store.get(), triangle, square, 0, &start, &compatible), PA_OK);
+  ASSERT_EQ(LiCoCoFactKont(store.get(), triangle, square, 1, &end, &compatible), PA_OK);
+  EXPECT_EQ(Vertices(start), Vertices(triangle));
+  EXPECT_EQ(Vertices(end), Vertices(square));
+  EXPECT_EQ(compatible, 0u) << "the diagonal does not run along the square's top";
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {square, triangle, start, end}));
+}
+
+TEST(Corresponding, FactKontUnderAllocationFailure) {
+  const unsigned long failing = ForEachRecordShortage([](size_t n, InjectedFailure &failure) {
+    Store store;
+    LI_TAB_STRUCT *inner = Square(store.get(), 2);
+    LI_TAB_STRUCT *outer = Square(store.get(), 4);
+    LI_TAB_STRUCT *spare = TakeAllFreeBut(store.get(), n);
+    LI_TAB_STRUCT *blend = nullptr;
+    uint32_t compatible = 0;
+    failure.Arm();
+    const uint16_t status = LiCoCoFactKont(store.get(), inner, outer, 0.5, &blend, &compatible);
+    failure.Disarm();
+    EXPECT_EQ(status, failure.Fired() ? PA_NO_MEMORY : PA_OK);
+    EXPECT_EQ(blend == nullptr, failure.Fired()) << "nothing is handed out on failure";
+    EXPECT_TRUE(AllRecordsAccounted(store.head(), {inner, outer, blend, spare}));
+  });
+  EXPECT_EQ(failing, 4u);
+}
+
 TEST(Corresponding, CheckElemPairsArcsByCentreAndLinesByDirection) {
   ToleranceScope tol(0.25);
   const LI_TAB_STRUCT small = Arc({1, 0}, {0, 1}, {0, 0}, LI_ARC_CCW);
