@@ -188,6 +188,16 @@ POLYARC_EXTERN uint16_t LiCreateCircle(const GE_POINT *cen, double r, uint16_t d
  * radius stays positive). Returns 0, or PA_INVALID for a null e. */
 POLYARC_EXTERN uint16_t LiParElem(LI_TAB_STRUCT *e, int16_t side, double d);
 
+/* Offsets e in place by a distance that runs linearly from d0 at the start
+ * to d1 at the end, to the left for side +1 (right for -1). A line (any
+ * type but 3 and 4) gets new ends and is re-expanded. An arc becomes the
+ * arc (GeArc3Points) through the start of its parallel at d0, the middle
+ * of its parallel at (d0 + d1) / 2 and the end of its parallel at d1,
+ * keeping its type. Returns the status of LiElemExpand, the status of
+ * GeArc3Points when it fails (e is then unchanged), or PA_INVALID for a
+ * null e. */
+POLYARC_EXTERN uint16_t LiConicElem(LI_TAB_STRUCT *e, int16_t side, double d0, double d1);
+
 /* Recomputes the derived fields of e from its type, ap, ep (and mp, rad for
  * arcs), box included. Returns 0, PA_ZERO_LENGTH for a line or move of
  * exactly zero length (direction left zero), or PA_ZERO_RADIUS for an arc
@@ -237,6 +247,28 @@ POLYARC_EXTERN double LiKontLen(const LI_TAB_STRUCT *k);
  * PA_INVALID for a null e, out or p. */
 POLYARC_EXTERN uint16_t LiElemSplit(LI_HEAD *head, LI_TAB_STRUCT *e, LI_TAB_STRUCT **out,
                                     const GE_POINT *p);
+
+/* Cuts e at p (assumed on e): a new element, taken from head and chained
+ * directly before e, holds the piece up to p, and e keeps the piece from p
+ * on. Arc pieces then get their own centres (LiRadKorr; a failed
+ * correction keeps the old centre) and both pieces are re-expanded.
+ * *out receives the element that ends at p: e's predecessor when p is
+ * within tol per axis of ap, e when within tol of ep (nothing cut in both
+ * cases), else the new element. Returns 0, PA_ZERO_RADIUS after cutting an
+ * arc with |rad| < tol (uncorrected), PA_NO_RECORD when the store cannot
+ * grow (*out = null, e unchanged), or PA_INVALID for a null e, out or p. */
+POLYARC_EXTERN uint16_t LiElemTeilen(LI_HEAD *head, LI_TAB_STRUCT *e, LI_TAB_STRUCT **out,
+                                     const GE_POINT *p);
+
+/* Moves an arc's centre so that both ends lie at distance rad from it: to
+ * the crossing of the circles of radius rad about ap and ep nearer the old
+ * centre (the first on a tie), or, when ap and ep are more than 2 rad
+ * apart, to the chord's middle with rad half the chord. Nothing changes
+ * when |rad| <= tol, ap and ep coincide within tol per axis, or both ends
+ * are already within tol of the circle. Derived fields are not recomputed
+ * (call LiElemExpand). Returns 0, the status of GeIseCirCir, or PA_INVALID
+ * for a null e or one that is not an arc (type 3 or 4). */
+POLYARC_EXTERN uint16_t LiRadKorr(LI_TAB_STRUCT *e);
 
 /* 1 when p lies on e: within tol (by distance) of an end; else within tol
  * of the carrier (an arc's circle of radius rad) and, for a line, within
