@@ -93,6 +93,32 @@ POLYARC_EXTERN uint16_t GeNearOnCir(const GE_POINT *centre, double radius, GE_PO
 POLYARC_EXTERN uint16_t GeGeoLineToNf(const GE_POINT *p1, const GE_POINT *p2, GE_POINT *normal,
                                       double *c, double *t1, double *t2);
 
+/* ---- Intersections ---------------------------------------------------- */
+
+/* Crossing of the lines n1.p = c1 and n2.p = c2 (unit normals). Returns 0
+ * with the point, or PA_PARALLEL (p not written) when |n1 x n2| < 5e-09, a
+ * fixed limit independent of tol. */
+POLYARC_EXTERN uint16_t GeIseLinLin(const GE_POINT *n1, double c1, const GE_POINT *n2, double c2,
+                                    GE_POINT *p);
+
+/* Points of the circle (centre, |radius|) on the line n.p = c, in the
+ * line's direction of travel (p1 has the smaller parameter). Returns their
+ * number: 0 when the centre is tol or more beyond the radius; 1 (the foot
+ * of the centre) in the tangent band |distance - r| < tol or when the chord
+ * is no longer than tol; else 2. Both points are zeroed first. */
+POLYARC_EXTERN uint16_t GeIseCirLin(const GE_POINT *centre, double radius, const GE_POINT *n,
+                                    double c, GE_POINT *p1, GE_POINT *p2);
+
+/* Points of two circles (radii by absolute value); count and both points
+ * are zeroed first. Touching within tol gives count 1 at the touching
+ * point, tested in the order outer touch, circle 2 inside 1, circle 1
+ * inside 2. Two crossings give count 2 with p1 left and p2 right of the
+ * line c1 -> c2, or count 1 at the chord's midpoint when the chord is no
+ * longer than tol; otherwise count 0. Returns 0 (the math error
+ * indicator), or PA_CONCENTRIC when the centres are no farther than tol. */
+POLYARC_EXTERN uint16_t GeIseCirCir(const GE_POINT *c1, double r1, const GE_POINT *c2, double r2,
+                                    uint16_t *count, GE_POINT *p1, GE_POINT *p2);
+
 /* ---- Distances -------------------------------------------------------- */
 
 /* Bounding box of the arc about centre through p1 and p2. With clockwise
@@ -102,5 +128,83 @@ POLYARC_EXTERN uint16_t GeGeoLineToNf(const GE_POINT *p1, const GE_POINT *p2, GE
  * box of that point. Writes *min and *max and returns max. */
 POLYARC_EXTERN GE_POINT *GeArcRect(const GE_POINT *centre, double radius, int32_t clockwise,
                                    GE_POINT *p1, GE_POINT *p2, GE_POINT *min, GE_POINT *max);
+
+/* ---- Arc construction and arc-to-lines -------------------------------- */
+
+/* Can p1, p2, p3 define an arc? With a = p1 - p3 and b = p1 - p2: returns
+ * PA_DEGENERATE when |a.x b.x - a.y b.y| < tol (a mixed product, which
+ * sends such points to the full circle of GeArcRound), PA_IMPOSSIBLE when
+ * |a.y| < tol or |a x b| < tol, else 0. */
+POLYARC_EXTERN uint16_t GeArc3PointCheck(const GE_POINT *p1, const GE_POINT *p2,
+                                         const GE_POINT *p3);
+
+/* Full circle: centre (p1 + p2)/2, radius |p1 - p3|/2, sense LI_CIRCLE_CW
+ * (19); with p2 = p3 the circle on the diameter p1-p2. Returns 0, or, when
+ * p1 and p3 agree per axis within tol, PA_DEGENERATE if p2 does too and
+ * PA_IMPOSSIBLE if not (nothing written). */
+POLYARC_EXTERN uint16_t GeArcRound(const GE_POINT *p1, const GE_POINT *p2, const GE_POINT *p3,
+                                   GE_POINT *centre, double *radius, uint16_t *sense);
+
+/* Arc from p1 through p2 to p3. When GeArc3PointCheck gives PA_IMPOSSIBLE,
+ * p2 and p3 are exchanged in place (the exchange stays) and checked again.
+ * Passing points give the circle of GeCirByPtPtPt and its status, with
+ * sense 4 (counter-clockwise) or 3 for the travel in the order passed in;
+ * PA_DEGENERATE gives GeArcRound and its status; other codes return as
+ * they are. */
+POLYARC_EXTERN uint16_t GeArc3Points(const GE_POINT *p1, GE_POINT *p2, GE_POINT *p3, GE_POINT *centre,
+                                     double *radius, uint16_t *sense);
+
+/* Circle through three points in one plane z = p1.z: centre (z = p1.z),
+ * radius and sense 4 when (p2 - p1) x (p3 - p1) > 0, else 3. Returns 0,
+ * PA_INVALID when p2 or p3 is tol or more off p1's z, or the status of
+ * GeCirByPtPtPt. */
+POLYARC_EXTERN uint16_t GeArcBy3Points(const GE_POINT3 *p1, const GE_POINT3 *p2, const GE_POINT3 *p3,
+                                       GE_POINT3 *centre, double *radius, uint16_t *sense);
+
+/* Arc that leaves p2 along the direction p1 -> p2 and ends at p3: centre
+ * (z = p1.z), radius, and sense 4 when (p2 - p1) x (p3 - p2) > 0, else 3.
+ * Returns 0, PA_INVALID when the points are not in one plane z = p1.z
+ * within tol, or the status of GeLineByPtPt or GeCirByPtOnLinPt. */
+POLYARC_EXTERN uint16_t GeArcByTang(const GE_POINT3 *p1, const GE_POINT3 *p2, const GE_POINT3 *p3,
+                                    GE_POINT3 *centre, double *radius, uint16_t *sense);
+
+/* Arc about centre from start: radius |start - centre| in the plane, and
+ * end moved radially onto that circle (its z kept; an end exactly at the
+ * centre stays where it is). Returns 0, or PA_INVALID when start or end is
+ * tol or more off the centre's z (nothing written). */
+POLYARC_EXTERN uint16_t GeArcByCenter(const GE_POINT3 *centre, const GE_POINT3 *start, GE_POINT3 *end,
+                                      double *radius);
+
+/* Does nothing and returns 0; kept for callers that still link to it. */
+POLYARC_EXTERN uint16_t GeArc3DAng(void);
+
+/* ---- Construction services -------------------------------------------- */
+
+/* Circle through three points: centre and radius. Returns 0, or
+ * PA_IMPOSSIBLE (nothing written) when two points agree per axis within
+ * tol or the three are collinear within tol (the triangle's height over
+ * its longest side is below tol). */
+POLYARC_EXTERN uint16_t GeCirByPtPtPt(const GE_POINT *p1, const GE_POINT *p2, const GE_POINT *p3,
+                                      GE_POINT *centre, double *radius);
+
+/* Line through p1 and p2 in normal form n.p = c, n the unit normal to the
+ * right of the direction p1 -> p2 (as a line element stores it). Returns
+ * 0, or PA_ZERO_LENGTH when the points agree per axis within tol. */
+POLYARC_EXTERN uint16_t GeLineByPtPt(const GE_POINT *p1, const GE_POINT *p2, GE_POINT *normal,
+                                     double *c);
+
+/* Circle that touches the line n.p = c (unit normal) at p and passes
+ * through q: centre on the normal through p, radius >= 0. Returns 0;
+ * PA_INVALID when p is tol or more off the line; PA_IMPOSSIBLE when q is
+ * within tol of the line (measured across it), including q = p. */
+POLYARC_EXTERN uint16_t GeCirByPtOnLinPt(const GE_POINT *p, const GE_POINT *normal, double c,
+                                         const GE_POINT *q, GE_POINT *centre, double *radius);
+
+/* Area between an arc and its chord, >= 0: r^2 (theta - sin theta) / 2 for
+ * the sweep theta from ap to ep about centre, clockwise for type 3 and
+ * counter-clockwise for any other type. Ends that agree per axis within tol
+ * are a full turn (pi r^2). Null points give 0. */
+POLYARC_EXTERN double GeArcArea(const GE_POINT *ap, const GE_POINT *ep, const GE_POINT *centre,
+                                double radius, uint16_t type);
 
 #endif /* POLYARC_GE_H */

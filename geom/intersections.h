@@ -1,0 +1,28 @@
+// Intersections of element carriers (infinite lines in normal form and
+// full circles), shared by the crossing tests and the tangency tests.
+#pragma once
+
+#include <cstdint>
+
+#include "polyarc/records.h"
+
+namespace polyarc {
+
+// The crossing of the lines n1.p = c1 and n2.p = c2 (unit normals).
+// PA_PARALLEL when the sine of their angle is below the fixed limit; the
+// point is then not written.
+uint16_t IntersectLines(GE_POINT n1, double c1, GE_POINT n2, double c2, GE_POINT &p);
+
+// The points of the circle on the line n.p = c, in the line's direction of
+// travel; returns their number (0, 1 in the tangent band, or 2). Both
+// points are zeroed first. Clears errno.
+uint16_t IntersectCircleLine(GE_POINT centre, double radius, GE_POINT n, double c, GE_POINT &p1,
+                             GE_POINT &p2);
+
+// The points of two circles: count 0, 1 (touching, or a chord no longer
+// than tol) or 2. Returns PA_CONCENTRIC when the centres are within tol,
+// else errno (cleared first). count and both points are zeroed first.
+uint16_t IntersectCircles(GE_POINT c1, double r1, GE_POINT c2, double r2, uint16_t &count,
+                          GE_POINT &p1, GE_POINT &p2);
+
+}  // namespace polyarc
