@@ -11,11 +11,13 @@
 namespace polyarc {
 namespace {
 
+ArcBox SegmentBox(const LI_TAB_STRUCT &e) {
+  return {{std::min(e.ap.x, e.ep.x), std::min(e.ap.y, e.ep.y)},
+          {std::max(e.ap.x, e.ep.x), std::max(e.ap.y, e.ep.y)}};
+}
+
 ArcBox TightBox(const LI_TAB_STRUCT &e, double tol) {
-  if (!IsArc(e)) {
-    return {{std::min(e.ap.x, e.ep.x), std::min(e.ap.y, e.ep.y)},
-            {std::max(e.ap.x, e.ep.x), std::max(e.ap.y, e.ep.y)}};
-  }
+  if (!IsArc(e)) return SegmentBox(e);
   if (CoincidePerAxis(e.ap, e.ep, tol)) {
     return {{e.mp.x - e.rad, e.mp.y - e.rad}, {e.mp.x + e.rad, e.mp.y + e.rad}};
   }
@@ -24,11 +26,11 @@ ArcBox TightBox(const LI_TAB_STRUCT &e, double tol) {
                              : ClockwiseArcBox(e.mp, e.rad, e.ep, e.ap);
 }
 
-void StoreBox(LI_TAB_STRUCT &e, double tol) {
-  const ArcBox b = TightBox(e, tol);
+void StoreBox(LI_TAB_STRUCT &e, const ArcBox &b, double tol) {
   e.box = {b.min.x - tol, b.min.y - tol, b.max.x + tol, b.max.y + tol};
 }
 
+// Whatever e's type, it is expanded and boxed as the segment ap-ep.
 uint16_t ExpandLine(LI_TAB_STRUCT &e, double tol) {
   const LineForm f = LineFormOf(e.ap, e.ep);
   e.tan_ap = e.tan_ep = f.dir;
@@ -36,7 +38,7 @@ uint16_t ExpandLine(LI_TAB_STRUCT &e, double tol) {
   e.rad = f.c;
   e.ang_ap = f.t1;
   e.ang_ep = f.t2;
-  StoreBox(e, tol);
+  StoreBox(e, SegmentBox(e), tol);
   return f.degenerate ? PA_ZERO_LENGTH : PA_OK;
 }
 
@@ -55,7 +57,7 @@ uint16_t ExpandArc(LI_TAB_STRUCT &e, double tol) {
     e.tan_ap = e.tan_ep = {0.0, 0.0};
     status = PA_ZERO_RADIUS;
   }
-  StoreBox(e, tol);
+  StoreBox(e, TightBox(e, tol), tol);
   return status;
 }
 
@@ -69,7 +71,7 @@ extern "C" uint16_t LiElemExpand(LI_TAB_STRUCT *e) {
   const double tol = Tol();
   if (IsLine(*e)) return ExpandLine(*e, tol);
   if (IsArc(*e)) return ExpandArc(*e, tol);
-  StoreBox(*e, tol);
+  StoreBox(*e, TightBox(*e, tol), tol);
   return PA_OK;
 }
 
@@ -79,7 +81,9 @@ extern "C" uint16_t LiElemExpandDrawVectorized(LI_TAB_STRUCT *e) {
 }
 
 extern "C" void LiElemBox(LI_TAB_STRUCT *e) {
-  if (e != nullptr) StoreBox(*e, Tol());
+  if (e == nullptr) return;
+  const double tol = Tol();
+  StoreBox(*e, TightBox(*e, tol), tol);
 }
 
 extern "C" void LiElemRealBox(const LI_TAB_STRUCT *e, GE_POINT *lo, GE_POINT *hi) {

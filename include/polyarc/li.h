@@ -233,14 +233,55 @@ POLYARC_EXTERN uint16_t LiDrawNew(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_
 POLYARC_EXTERN uint16_t LiArc(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POINT *p,
                               const GE_POINT *cen, int32_t dir);
 
+/* Starts a new contour in *kont (whatever it held is not given back, so
+ * pass an empty handle) and draws the clockwise rectangle of half width a
+ * and half height b centred on the origin: a move to (-a, b), then lines
+ * to (a, b), (a, -b), (-a, -b), (-a, b). Takes its records from head.
+ * Returns 0, PA_NO_MEMORY (the elements drawn so far stay in *kont), or
+ * PA_INVALID for a null kont. */
+POLYARC_EXTERN uint16_t LiCreateRect(LI_HEAD *head, LI_TAB_STRUCT **kont, double a, double b);
+
+/* As LiCreateRect, but with corners rounded by clockwise arcs of radius r:
+ * four lines and four arcs from (r - a, b), clockwise. Edges of zero length
+ * (r equal to a or b) and arcs of radius 0 are left out. Statuses as for
+ * LiCreateRect. */
+POLYARC_EXTERN uint16_t LiCreateRound(LI_HEAD *head, LI_TAB_STRUCT **kont, double a, double b,
+                                      double r);
+
+/* Fills the caller's element e (no store involved; links and payload are
+ * not touched) with the full circle of radius r about cen, starting and
+ * ending at its rightmost point: clockwise (type 3) for dir 2, else
+ * counter-clockwise (type 4). Returns the status of LiElemExpand
+ * (PA_ZERO_RADIUS for |r| < tol), or PA_INVALID for a null argument. */
+POLYARC_EXTERN uint16_t LiCreateCircle(const GE_POINT *cen, double r, uint16_t dir,
+                                       LI_TAB_STRUCT *e);
+
+/* Moves e in place to the parallel element at distance d to the left of
+ * its travel (side +1) or to the right (side -1): the ends move along the
+ * stored tangents' normals, rad changes by the offset, and the box is
+ * recomputed; centre, tangents and angles stay (no check that an arc's
+ * radius stays positive). Returns 0, or PA_INVALID for a null e. */
+POLYARC_EXTERN uint16_t LiParElem(LI_TAB_STRUCT *e, int16_t side, double d);
+
+/* Offsets e in place by a distance that runs linearly from d0 at the start
+ * to d1 at the end, to the left for side +1 (right for -1). A line (any
+ * type but 3 and 4) gets new ends and is re-expanded. An arc becomes the
+ * arc (GeArc3Points) through the start of its parallel at d0, the middle
+ * of its parallel at (d0 + d1) / 2 and the end of its parallel at d1,
+ * keeping its type. Returns the status of LiElemExpand, the status of
+ * GeArc3Points when it fails (e is then unchanged), or PA_INVALID for a
+ * null e. */
+POLYARC_EXTERN uint16_t LiConicElem(LI_TAB_STRUCT *e, int16_t side, double d0, double d1);
+
 /* Recomputes the derived fields of e from its type, ap, ep (and mp, rad for
  * arcs), box included. Returns 0, PA_ZERO_LENGTH for a line or move of
  * exactly zero length (direction left zero), or PA_ZERO_RADIUS for an arc
  * with |rad| < tol (tangents left zero, box still computed). Other types
- * only get their box. */
+ * only get their box. PA_INVALID for a null e. */
 POLYARC_EXTERN uint16_t LiElemExpand(LI_TAB_STRUCT *e);
 
-/* LiElemExpand for a line or move. */
+/* LiElemExpand for a line or move (e is expanded as a line whatever its
+ * type). */
 POLYARC_EXTERN uint16_t LiElemExpandDrawVectorized(LI_TAB_STRUCT *e);
 
 /* ---- Element measures and splitting ----------------------------------- */
@@ -252,6 +293,77 @@ POLYARC_EXTERN void LiElemBox(LI_TAB_STRUCT *e);
 
 /* The tight box of e without the tolerance margin, in *lo and *hi. */
 POLYARC_EXTERN void LiElemRealBox(const LI_TAB_STRUCT *e, GE_POINT *lo, GE_POINT *hi);
+
+/* Reverses e's direction of travel in place: ends, end angles and tangents
+ * are exchanged (tangents negated), arc types 3 and 4 swap, and a line's
+ * normal, rad and parameters are turned round. Nothing is recomputed, and
+ * reversing twice restores an expanded element exactly. */
+POLYARC_EXTERN void LiElemUmdreh(LI_TAB_STRUCT *e);
+
+/* Length of e: ang_ep - ang_ap for non-arcs, the swept angle times rad for
+ * arcs, 2 pi rad for an arc whose ends coincide within tol per axis.
+ * 0 for a null e. */
+POLYARC_EXTERN double LiElemLen(const LI_TAB_STRUCT *e);
+
+/* The point at fraction u of the way along e: ap for u < 0, ep for u > 1.
+ * An arc with equal end angles (a full circle) has sweep 0 and gives ap for
+ * every u. (0, 0) for a null e. */
+POLYARC_EXTERN GE_POINT LiElemPt(const LI_TAB_STRUCT *e, double u);
+
+/* Sum of LiElemLen over the contour; 0 for a null contour. */
+POLYARC_EXTERN double LiKontLen(const LI_TAB_STRUCT *k);
+
+/* Cuts e at p (assumed on e): e keeps the piece up to p and a new element,
+ * taken from head and chained directly after e, holds the piece from p on;
+ * both are re-expanded. *out receives the element that starts at p: e when
+ * p is within tol per axis of ap, e's successor when within tol of ep
+ * (nothing cut in both cases), else the new element. Returns 0,
+ * PA_NO_RECORD when the store cannot grow (*out = null, e unchanged), or
+ * PA_INVALID for a null e, out or p. */
+POLYARC_EXTERN uint16_t LiElemSplit(LI_HEAD *head, LI_TAB_STRUCT *e, LI_TAB_STRUCT **out,
+                                    const GE_POINT *p);
+
+/* Cuts e at p (assumed on e): a new element, taken from head and chained
+ * directly before e, holds the piece up to p, and e keeps the piece from p
+ * on. Arc pieces then get their own centres (LiRadKorr; a failed
+ * correction keeps the old centre) and both pieces are re-expanded.
+ * *out receives the element that ends at p: e's predecessor when p is
+ * within tol per axis of ap, e when within tol of ep (nothing cut in both
+ * cases), else the new element. Returns 0, PA_ZERO_RADIUS after cutting an
+ * arc with |rad| < tol (uncorrected), PA_NO_RECORD when the store cannot
+ * grow (*out = null, e unchanged), or PA_INVALID for a null e, out or p. */
+POLYARC_EXTERN uint16_t LiElemTeilen(LI_HEAD *head, LI_TAB_STRUCT *e, LI_TAB_STRUCT **out,
+                                     const GE_POINT *p);
+
+/* Moves an arc's centre so that both ends lie at distance rad from it: to
+ * the crossing of the circles of radius rad about ap and ep nearer the old
+ * centre (the first on a tie), or, when ap and ep are more than 2 rad
+ * apart, to the chord's middle with rad half the chord. Nothing changes
+ * when |rad| <= tol, ap and ep coincide within tol per axis, or both ends
+ * are already within tol of the circle. Derived fields are not recomputed
+ * (call LiElemExpand). Returns 0, the status of GeIseCirCir, or PA_INVALID
+ * for a null e or one that is not an arc (type 3 or 4). */
+POLYARC_EXTERN uint16_t LiRadKorr(LI_TAB_STRUCT *e);
+
+/* 1 when p lies on e: within tol (by distance) of an end; else within tol
+ * of the carrier (an arc's circle of radius rad) and, for a line, within
+ * tol of its parameter range, for an arc exactly inside its angle range
+ * (every angle for equal end angles). 0 otherwise, and for null input. */
+POLYARC_EXTERN int LiPtOnElem(const LI_TAB_STRUCT *e, const GE_POINT *p);
+
+/* The first element of the contour, in chain order from k, on which p lies
+ * (LiPtOnElem): stored in *out, result 1. A point at a joint belongs to the
+ * earlier element. None: *out = null, result 0. A null k or p gives 0 and
+ * leaves *out untouched; out may be null. */
+POLYARC_EXTERN int LiPtOnKont(LI_TAB_STRUCT *k, const GE_POINT *p, LI_TAB_STRUCT **out);
+
+/* 1 when q lies on the stretch of the contour that runs forwards from p1 to
+ * p2, else 0 (also for null input or when p1 or p2 is not on the contour).
+ * The search for p2 starts at p1's element and ends with the first element
+ * k; when p1 lies on k, k is looked at once more after a full circuit, and
+ * p1 == p2 at k's start spans the whole contour. */
+POLYARC_EXTERN int LiPtInIntervall(LI_TAB_STRUCT *k, const GE_POINT *p1, const GE_POINT *p2,
+                                   const GE_POINT *q);
 
 /* ---- Contour measures and transforms ---------------------------------- */
 

@@ -46,6 +46,20 @@ TEST(Draw, ArcAcceptsHalfTolAndRefusesOneAndAHalfTol) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
 }
 
+TEST(Draw, ArcAfterAMoveReusesIt) {
+  Store store;
+  LI_TAB_STRUCT *k = nullptr;
+  const GE_POINT start{0, 1}, end{1, 0}, centre{0, 0};
+  ASSERT_EQ(LiMove(store.get(), &k, &start), PA_OK);
+  ASSERT_EQ(LiArc(store.get(), &k, &end, &centre, 1), PA_OK);
+  ASSERT_EQ(Elements(k).size(), 1u);
+  EXPECT_EQ(k->type, LI_ARC_CW);
+  EXPECT_EQ(k->ap, start);
+  EXPECT_EQ(k->rad, 1);
+  EXPECT_EQ(k->tan_ap, (GE_POINT{1, 0}));
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
+}
+
 TEST(Draw, DrawNewReplacesTheContour) {
   Store store;
   LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {1, 0}, {1, 1}});
@@ -64,6 +78,9 @@ TEST(Draw, BadArgumentsAndEmptyContours) {
   EXPECT_EQ(LiDraw(store.get(), &k, &p), PA_INVALID);
   EXPECT_EQ(LiArc(store.get(), &k, &p, &p, 0), PA_INVALID);
   EXPECT_EQ(LiMove(store.get(), &k, nullptr), PA_INVALID);
+  EXPECT_EQ(LiMove(store.get(), nullptr, &p), PA_INVALID);
+  EXPECT_EQ(LiMove(nullptr, &k, &p), PA_NO_MEMORY) << "no store to take a record from";
+  EXPECT_EQ(LiDrawNew(nullptr, &k, &p, &p), PA_NO_MEMORY);
   EXPECT_EQ(k, nullptr);
 }
 
