@@ -267,6 +267,35 @@ POLYARC_EXTERN uint16_t GeArcByTang(const GE_POINT3 *p1, const GE_POINT3 *p2, co
 POLYARC_EXTERN uint16_t GeArcByCenter(const GE_POINT3 *centre, const GE_POINT3 *start, GE_POINT3 *end,
                                       double *radius);
 
+/* Segments needed so that no chord of an arc of the given sweep (radians,
+ * either sign) and radius deviates from it by more than chord_tol:
+ * trunc(|sweep| / 2 / h) + 1 with h = acos((r - e)/r), h at least 0.05
+ * degrees (also for a negative chord_tol). 1 when radius <= chord_tol or
+ * the sweep is NaN; capped at UINT32_MAX. */
+POLYARC_EXTERN uint32_t GeArcToLinesCalcSeg(double sweep, double radius, double chord_tol);
+
+/* n evenly spaced points of the arc about centre from start to end,
+ * clockwise for sense 3 and 19, counter-clockwise for 4 and 20 (19 and 20
+ * a full turn from start). Inner points take start's z; the last point is
+ * end exactly. Returns the process-wide polyline buffer, valid until the
+ * next arc-to-lines or line-split call (never free it), or null when
+ * n < 2 or the buffer cannot grow. Not for concurrent use. */
+POLYARC_EXTERN GE_POINT3 *GeArcToLinesSplit(const GE_POINT3 *start, const GE_POINT3 *end,
+                                            const GE_POINT3 *centre, uint16_t sense, uint32_t n);
+
+/* As GeArcToLinesSplit with the signed angle step between points given
+ * (positive counter-clockwise); each point is the previous one rotated by
+ * it about centre, the last is end. Same buffer and null cases. */
+POLYARC_EXTERN GE_POINT3 *GeArcToLinesSplitTw(const GE_POINT3 *start, const GE_POINT3 *end,
+                                              const GE_POINT3 *centre, uint32_t n, double step);
+
+/* n evenly spaced points from start to end (x, y and z) in the polyline
+ * buffer; with n = 1 only the end point. *out receives the buffer. Returns
+ * 0, the memory service's status when the buffer cannot grow, or
+ * PA_INVALID for n < 1 (*out null in both failure cases). */
+POLYARC_EXTERN uint16_t GeArcSplitLine(const GE_POINT3 *start, const GE_POINT3 *end, GE_POINT3 **out,
+                                       int32_t n);
+
 /* Does nothing and returns 0; kept for callers that still link to it. */
 POLYARC_EXTERN uint16_t GeArc3DAng(void);
 
