@@ -165,6 +165,54 @@ POLYARC_EXTERN uint16_t GeCirCirTan(const GE_POINT *c1, double r1, const GE_POIN
 
 /* ---- Distances -------------------------------------------------------- */
 
+/* Nearest point of the line segment to p. With t = p.d in [ang_ap, ang_ep]
+ * (inclusive): the foot, |c - n.p| and t. Otherwise the nearer end point
+ * (ap on a tie) with its stored parameter and the distance to it.
+ * Returns 0. */
+POLYARC_EXTERN uint16_t GePtDrawDist(const GE_POINT *p, const LI_TAB_STRUCT *line, double *dist,
+                                     GE_POINT *nearest, double *par);
+
+/* Nearest point of the arc to p, as GePtOnArc without its on-arc test:
+ * the radial foot with | |p - mp| - rad | and p's angle when the angle is
+ * in the range, else the nearer end (ap on a tie) with its stored angle
+ * and the distance to it. Returns 0. */
+POLYARC_EXTERN uint16_t GePtArcDist(const GE_POINT *p, const LI_TAB_STRUCT *arc, double *dist,
+                                    GE_POINT *nearest, double *angle);
+
+/* GePtDrawDist for type 1, GePtArcDist for every other type (a move is
+ * measured the arc way). Returns 0. */
+POLYARC_EXTERN uint16_t GePtElemDist(const LI_TAB_STRUCT *e, const GE_POINT *p, GE_POINT *nearest,
+                                     double *dist);
+
+/* Distance of two segments from their end points only: l1's ap and ep
+ * against l2, then l2's ap and ep against l1 (GePtDrawDist); a later
+ * candidate wins only when strictly nearer. Crossing segments are not
+ * detected (their distance is not 0). p1/par1 lie on l1, p2/par2 on l2.
+ * Returns 0. */
+POLYARC_EXTERN uint16_t GeDrawDrawDist(const LI_TAB_STRUCT *l1, const LI_TAB_STRUCT *l2,
+                                       double *dist, GE_POINT *p1, double *par1, GE_POINT *p2,
+                                       double *par2);
+
+/* Distance of a segment and an arc. The foot of the arc's centre on the
+ * line and the arc point towards it form the answer, with distance
+ * |c - n.mp| - rad, when the foot is within the segment (inclusive), its
+ * angle within the arc, the foot not within tol per axis of the centre and
+ * the centre farther than rad from the line (strict). Otherwise the best
+ * of the end-point candidates (the line's ends against the arc, then the
+ * arc's ends against the line), a later one only when strictly nearer.
+ * Returns 0. */
+POLYARC_EXTERN uint16_t GeDrawArcDist(const LI_TAB_STRUCT *line, const LI_TAB_STRUCT *arc,
+                                      double *dist, GE_POINT *pl, double *parl, GE_POINT *pa,
+                                      double *anga);
+
+/* Distance of two arcs: the points of both circles on the centre line,
+ * with |mp1 - mp2| - rad1 - rad2, when each lies within its arc, the
+ * centres differ by tol or more in x or y and that distance is > 0; else
+ * the end-point candidates as in GeDrawArcDist (overlapping or nested
+ * circles always take them). Returns 0. */
+POLYARC_EXTERN uint16_t GeArcArcDist(const LI_TAB_STRUCT *a1, const LI_TAB_STRUCT *a2, double *dist,
+                                     GE_POINT *p1, double *ang1, GE_POINT *p2, double *ang2);
+
 /* Bounding box of the arc about centre through p1 and p2. With clockwise
  * non-zero the arc runs clockwise from p1 to p2; with 0 it runs
  * counter-clockwise, and p1 and p2 are exchanged in place so that it runs
@@ -218,6 +266,35 @@ POLYARC_EXTERN uint16_t GeArcByTang(const GE_POINT3 *p1, const GE_POINT3 *p2, co
  * tol or more off the centre's z (nothing written). */
 POLYARC_EXTERN uint16_t GeArcByCenter(const GE_POINT3 *centre, const GE_POINT3 *start, GE_POINT3 *end,
                                       double *radius);
+
+/* Segments needed so that no chord of an arc of the given sweep (radians,
+ * either sign) and radius deviates from it by more than chord_tol:
+ * trunc(|sweep| / 2 / h) + 1 with h = acos((r - e)/r), h at least 0.05
+ * degrees (also for a negative chord_tol). 1 when radius <= chord_tol or
+ * the sweep is NaN; capped at UINT32_MAX. */
+POLYARC_EXTERN uint32_t GeArcToLinesCalcSeg(double sweep, double radius, double chord_tol);
+
+/* n evenly spaced points of the arc about centre from start to end,
+ * clockwise for sense 3 and 19, counter-clockwise for 4 and 20 (19 and 20
+ * a full turn from start). Inner points take start's z; the last point is
+ * end exactly. Returns the process-wide polyline buffer, valid until the
+ * next arc-to-lines or line-split call (never free it), or null when
+ * n < 2 or the buffer cannot grow. Not for concurrent use. */
+POLYARC_EXTERN GE_POINT3 *GeArcToLinesSplit(const GE_POINT3 *start, const GE_POINT3 *end,
+                                            const GE_POINT3 *centre, uint16_t sense, uint32_t n);
+
+/* As GeArcToLinesSplit with the signed angle step between points given
+ * (positive counter-clockwise); each point is the previous one rotated by
+ * it about centre, the last is end. Same buffer and null cases. */
+POLYARC_EXTERN GE_POINT3 *GeArcToLinesSplitTw(const GE_POINT3 *start, const GE_POINT3 *end,
+                                              const GE_POINT3 *centre, uint32_t n, double step);
+
+/* n evenly spaced points from start to end (x, y and z) in the polyline
+ * buffer; with n = 1 only the end point. *out receives the buffer. Returns
+ * 0, the memory service's status when the buffer cannot grow, or
+ * PA_INVALID for n < 1 (*out null in both failure cases). */
+POLYARC_EXTERN uint16_t GeArcSplitLine(const GE_POINT3 *start, const GE_POINT3 *end, GE_POINT3 **out,
+                                       int32_t n);
 
 /* Does nothing and returns 0; kept for callers that still link to it. */
 POLYARC_EXTERN uint16_t GeArc3DAng(void);
