@@ -462,6 +462,30 @@ POLYARC_EXTERN uint16_t LiKontNextElem(LI_TAB_STRUCT *k, const GE_POINT *p, GE_L
                                        GE_LI_ELEM *after, LI_TAB_STRUCT **pbefore,
                                        LI_TAB_STRUCT **pafter);
 
+/* Distance from p to the contour k: every element in chain order is
+ * measured with GePtDrawDist (lines and moves) or GePtArcDist (any other
+ * type), and an element replaces the best so far when it is not farther,
+ * so of equally near elements the last wins. *foot, *elem, *dist and *aux
+ * (the element's parameter or angle of the foot) describe the winner.
+ * Returns 0, the first non-zero status of a distance function (the
+ * outputs then hold the best so far), or PA_INVALID for a null contour or
+ * argument (outputs untouched). */
+POLYARC_EXTERN uint16_t LiPtKontDist(LI_TAB_STRUCT *k, const GE_POINT *p, GE_POINT *foot,
+                                     LI_TAB_STRUCT **elem, double *dist, double *aux);
+
+/* Distance between the contours ka and kb over every pair of elements, A's
+ * in chain order and for each B's in chain order, measured with
+ * GeDrawDrawDist, GeDrawArcDist (either way round) or GeArcArcDist. A pair
+ * replaces the best only when nearer by more than tol / 2, so of equally
+ * (or nearly equally) near pairs the first is kept. The outputs receive
+ * the best pair's foot points, elements and auxiliary values (parameter or
+ * angle) on A and B, and its distance. Returns 0, the first non-zero status
+ * of a distance function (outputs hold the best so far), or PA_INVALID for
+ * a null contour or argument (outputs untouched). */
+POLYARC_EXTERN uint16_t LiKontKontDist(LI_TAB_STRUCT *ka, LI_TAB_STRUCT *kb, GE_POINT *foot_a,
+                                       LI_TAB_STRUCT **elem_a, double *aux_a, GE_POINT *foot_b,
+                                       LI_TAB_STRUCT **elem_b, double *aux_b, double *dist);
+
 /* ---- Correction and cleaning ----------------------------------------- */
 
 /* Moves the start of the contour's first element e to p. When p lies on
