@@ -38,6 +38,109 @@ uint16_t CorrectOnCircle(LI_TAB_STRUCT *e, GE_POINT p, double tol) {
   return LiElemExpand(e);
 }
 
+// Deletes, in one pass in chain order, the elements of the contour for
+// which tiny(e, only) holds, only being true when e is the last element
+// left. keep(e) is called for every element that stays, in order, with
+// whether elements were deleted since the previous one that stayed.
+template <class Tiny, class Keep>
+void DeleteEach(LI_HEAD *head, LI_TAB_STRUCT **kont, Tiny tiny, Keep keep) {
+  const uint32_t n = LiCountElem(*kont);
+  LI_TAB_STRUCT *e = *kont;
+  bool deleted = false;
+  for (uint32_t i = 0; i < n; ++i) {
+    LI_TAB_STRUCT *next = e->next;
+    if (tiny(*e, next == e)) {
+      LiDel(head, kont, e);
+      deleted = true;
+    } else {
+      keep(e, deleted);
+      deleted = false;
+    }
+    e = next;
+  }
+}
+
+// Calls step(e) for every element in chain order; an open contour's last
+// element is left out.
+template <class Step>
+void ForEachJoint(LI_TAB_STRUCT *k, bool closed, Step step) {
+  LI_TAB_STRUCT *last = k->prev;
+  for (LI_TAB_STRUCT *e = k;; e = e->next) {
+    if (e == last && !closed) return;
+    step(e);
+    if (e == last) return;
+  }
+}
+
+// Lines whose chord is below 10 x tol go; so does every other element
+// (moves included) unless its radius is at least 10 x tol and its chord
+// is too, or it is all that is left.
+bool TooSmall(const LI_TAB_STRUCT &e, bool only, double tol) {
+  const double limit = 10.0 * tol;
+  const double chord = Dist(e.ap, e.ep);
+  if (e.type == LI_LINE) return chord < limit;
+  return !(std::fabs(e.rad) >= limit && (chord >= limit || only));
+}
+
+// Joins every element's end to its successor's start and recomputes it;
+// the status of the last element handled.
+uint16_t Rejoin(LI_TAB_STRUCT *k, bool closed) {
+  uint16_t status = PA_OK;
+  ForEachJoint(k, closed, [&status](LI_TAB_STRUCT *e) {
+    e->ep = e->next->ap;
+    status = PA_OK;
+    if (IsArc(*e)) {
+      e->rad = std::fabs(e->rad);
+      status = LiRadKorr(e);
+    }
+    if (status == PA_OK) status = LiElemExpand(e);
+  });
+  return status;
+}
+
+// The angle an arc sweeps, a full circle's included.
+double SweptAngle(const LI_TAB_STRUCT &arc, double tol) {
+  return CoincidePerAxis(arc.ap, arc.ep, tol) ? kTwoPi : TravelSweep(arc);
+}
+
+// Arcs that are nearly straight at the scale min become lines.
+void Flatten(LI_TAB_STRUCT *k, double min) {
+  const double tol = Tol();
+  LI_TAB_STRUCT *e = k;
+  do {
+    if (IsArc(*e)) {
+      const double bow = std::fabs(LiElemLen(e) - Dist(e->ap, e->ep));
+      const double sagitta = (1.0 - std::cos(0.5 * SweptAngle(*e, tol))) * e->rad;
+      if (bow < min && sagitta < min) e->type = LI_LINE;
+    }
+    e = e->next;
+  } while (e != k);
+}
+
+bool Short(const LI_TAB_STRUCT &e, bool only, double min) {
+  if (only) return false;
+  const double chord = Dist(e.ap, e.ep);
+  if (IsLine(e)) return chord < min;
+  return min > e.rad || chord < min;
+}
+
+// Recomputes every element after the joints moved; the union of all
+// statuses met.
+uint16_t RecomputeAll(LI_TAB_STRUCT *k, bool closed) {
+  uint16_t status = PA_OK;
+  ForEachJoint(k, closed, [&status](LI_TAB_STRUCT *e) {
+    if (IsArc(*e)) {
+      status |= LiRadKorr(e);
+      status |= LiElemExpand(e);
+    } else if (IsLine(*e)) {
+      status |= LiElemExpandDrawVectorized(e);
+    } else {
+      status |= LiElemExpand(e);
+    }
+  });
+  return status;
+}
+
 }  // namespace
 }  // namespace polyarc
 
@@ -52,4 +155,34 @@ extern "C" uint16_t LiKorrElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POI
   if (SameDirection(e->tan_ap, u, tol) || SameDirection(e->tan_ap, -u, tol))
     return CorrectAlongTangent(head, kont, *p);
   return CorrectOnCircle(e, *p, tol);
+}
+
+extern "C" uint16_t LiKorrKont(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t closed) {
+  if (head == nullptr || kont == nullptr) return PA_INVALID;
+  if (LiCountElem(*kont) < 2) return PA_OK;
+  const double tol = Tol();
+  DeleteEach(
+      head, kont, [tol](const LI_TAB_STRUCT &e, bool only) { return TooSmall(e, only, tol); },
+      [](LI_TAB_STRUCT *, bool) {});
+  if (LiCountElem(*kont) < 2) return PA_OK;
+  return Rejoin(*kont, closed != 0);
+}
+
+extern "C" uint16_t LiRemShort(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t closed, double min,
+                               int32_t flatten) {
+  if (head == nullptr || kont == nullptr) return PA_INVALID;
+  if (LiCountElem(*kont) < 2) return PA_OK;
+  if (flatten != 0) Flatten(*kont, min);
+  LI_TAB_STRUCT *kept = nullptr;
+  DeleteEach(
+      head, kont, [min](const LI_TAB_STRUCT &e, bool only) { return Short(e, only, min); },
+      [&kept](LI_TAB_STRUCT *e, bool after_gap) {
+        // Close the gap that deletions left behind the last element kept.
+        if (after_gap && kept != nullptr) kept->ep = e->ap;
+        kept = e;
+      });
+  if (LiCountElem(*kont) < 2) return PA_OK;
+  LI_TAB_STRUCT *first = *kont;
+  if (closed != 0) first->prev->ep = first->ap;
+  return RecomputeAll(first, closed != 0);
 }

@@ -498,6 +498,33 @@ POLYARC_EXTERN uint16_t LiKontKontDist(LI_TAB_STRUCT *ka, LI_TAB_STRUCT *kb, GE_
  * status of LiElemExpand, or PA_INVALID for a null kont or p. */
 POLYARC_EXTERN uint16_t LiKorrElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POINT *p);
 
+/* Removes tiny elements and re-joins the rest. Contours of fewer than two
+ * elements are left alone. In one pass in chain order, a line (type 1)
+ * whose chord is below 10 x tol is deleted, and so is any other element
+ * (moves included) unless |rad| >= 10 x tol and its chord is at least
+ * 10 x tol or it is the only element left. If two or more remain, every
+ * element's ep is set to its successor's ap (an open contour, closed == 0,
+ * keeps its last element's end), and each is recomputed: an arc gets |rad|
+ * and LiRadKorr, then, if that gave 0, LiElemExpand. Returns the status of
+ * the last element recomputed (0 when nothing was), or PA_INVALID for a
+ * null head or kont. */
+POLYARC_EXTERN uint16_t LiKorrKont(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t closed);
+
+/* Removes elements smaller than min and re-joins. Contours of fewer than
+ * two elements are left alone. With flatten set, an arc whose length
+ * differs from its chord by less than min and whose sagitta
+ * (1 - cos(sweep / 2)) rad is below min becomes a line. Then, in one pass,
+ * a line or move whose chord is below min is deleted, and so is any other
+ * element with min > rad or a chord below min, never the last one left; an
+ * element kept after deletions gets the previous kept element's ep set to
+ * its ap. If two or more remain: with closed set the last ep becomes the
+ * first ap, and every element (all but the last of an open contour) is
+ * recomputed, arcs with LiRadKorr and LiElemExpand, lines and moves with
+ * LiElemExpandDrawVectorized. Returns the bitwise OR of all those statuses
+ * (so not one status code), or PA_INVALID for a null head or kont. */
+POLYARC_EXTERN uint16_t LiRemShort(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t closed, double min,
+                                   int32_t flatten);
+
 /* ---- Corresponding contours ------------------------------------------ */
 
 /* Makes two contours correspond element by element by their numbers (no),

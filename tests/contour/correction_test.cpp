@@ -1,6 +1,7 @@
 // Moving a contour's start, removing short elements, and merging elements
 // that continue one another.
 #include <cmath>
+#include <vector>
 
 #include "support/support.h"
 
@@ -81,6 +82,109 @@ TEST(Correction, KorrElemUnderAllocationFailure) {
     }
     EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, spare}));
   });
+}
+
+std::vector<GE_POINT> Vertices(LI_TAB_STRUCT *k) {
+  std::vector<GE_POINT> v;
+  for (LI_TAB_STRUCT *e : Elements(k)) {
+    v.push_back(e->ap);
+    v.push_back(e->ep);
+  }
+  return v;
+}
+
+// A contour of copies of the given elements, in order.
+LI_TAB_STRUCT *Contour(LI_HEAD *head, std::initializer_list<LI_TAB_STRUCT> elements) {
+  LI_TAB_STRUCT *k = nullptr;
+  for (const LI_TAB_STRUCT &e : elements) EXPECT_EQ(LiInsertElem2(head, &k, &e), PA_OK);
+  return k;
+}
+
+TEST(Correction, KorrKontDeletesTinyLinesAndJoinsTheRest) {
+  ToleranceScope tol(0.25);  // 10 x tol = 2.5
+  Store store;
+  LI_TAB_STRUCT *open = Polyline(store.get(), {{0, 0}, {4, 0}, {4, 1.25}, {8, 1.25}});
+  EXPECT_EQ(LiKorrKont(store.get(), &open, 0), PA_OK);
+  EXPECT_EQ(Vertices(open), (std::vector<GE_POINT>{{0, 0}, {4, 1.25}, {4, 1.25}, {8, 1.25}}));
+  EXPECT_DOUBLE_EQ(open->ang_ep - open->ang_ap, std::hypot(4, 1.25)) << "re-expanded";
+
+  // The tiny side is the last: closing joins the one before it to the start.
+  LI_TAB_STRUCT *square = Polygon(store.get(), {{0, 0}, {4, 0}, {4, 4}, {0, 4}, {0, 0.5}});
+  EXPECT_EQ(LiKorrKont(store.get(), &square, 1), PA_OK);
+  EXPECT_EQ(Vertices(square),
+            (std::vector<GE_POINT>{{0, 0}, {4, 0}, {4, 0}, {4, 4}, {4, 4}, {0, 4}, {0, 4}, {0, 0}}));
+
+  // The tiny element is the first: the handle moves on.
+  LI_TAB_STRUCT *lead = Polyline(store.get(), {{0, 0}, {1, 0}, {5, 0}, {9, 0}});
+  LI_TAB_STRUCT *second = lead->next;
+  EXPECT_EQ(LiKorrKont(store.get(), &lead, 0), PA_OK);
+  EXPECT_EQ(lead, second);
+  EXPECT_EQ(LiCountElem(lead), 2u);
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {open, square, lead}));
+}
+
+TEST(Correction, KorrKontKeepsArcsOnTheirCircles) {
+  ToleranceScope tol(0.25);
+  Store store;
+  // A clockwise half circle of radius 4 from (4,0) to (12,0), then a tiny
+  // line back to (11,1): the arc has to end there and moves its centre.
+  LI_TAB_STRUCT *k = Contour(store.get(), {Line({0, 0}, {4, 0}), Arc({4, 0}, {12, 0}, {8, 0}, LI_ARC_CW),
+                                           Line({12, 0}, {11, 1}), Line({11, 1}, {15, 1})});
+  ASSERT_EQ(LiKorrKont(store.get(), &k, 0), PA_OK);
+  ASSERT_EQ(LiCountElem(k), 3u);
+  const LI_TAB_STRUCT *arc = k->next;
+  EXPECT_EQ(arc->ep, (GE_POINT{11, 1}));
+  EXPECT_EQ(arc->rad, 4);
+  EXPECT_NEAR(std::hypot(arc->ap.x - arc->mp.x, arc->ap.y - arc->mp.y), 4, 1e-12);
+  EXPECT_NEAR(std::hypot(arc->ep.x - arc->mp.x, arc->ep.y - arc->mp.y), 4, 1e-12);
+  EXPECT_LT(arc->mp.y, 0) << "of the two centres, the one nearer the old";
+
+  // Small arcs go; a lone big arc stays.
+  LI_TAB_STRUCT *small = Contour(store.get(), {Line({-4, 0}, {0, 0}), Arc({0, 0}, {8, 0}, {4, 0}, LI_ARC_CW),
+                                               Arc({8, 0}, {10, 0}, {9, 0}, LI_ARC_CW), Line({10, 0}, {14, 0})});
+  EXPECT_EQ(LiKorrKont(store.get(), &small, 0), PA_OK);
+  EXPECT_EQ(LiCountElem(small), 3u) << "radius 1 is below 10 x tol";
+  LI_TAB_STRUCT *ring = Contour(store.get(), {Line({3, 0}, {3, 1}), Arc({3, 0}, {3, 0}, {0, 0}, LI_ARC_CCW)});
+  EXPECT_EQ(LiKorrKont(store.get(), &ring, 1), PA_OK);
+  ASSERT_EQ(LiCountElem(ring), 1u) << "the circle is the only element left when it is examined";
+  EXPECT_EQ(ring->type, LI_ARC_CCW);
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, small, ring}));
+}
+
+TEST(Correction, RemShortDeletesJoinsAndFlattens) {
+  ToleranceScope tol(0.25);
+  Store store;
+  LI_TAB_STRUCT *one = Polyline(store.get(), {{0, 0}, {0.5, 0}});
+  EXPECT_EQ(LiRemShort(store.get(), &one, 0, 1.0, 1), PA_OK);
+  EXPECT_EQ(Vertices(one), (std::vector<GE_POINT>{{0, 0}, {0.5, 0}})) << "one element: left alone";
+
+  LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {4, 0}, {4, 0.5}, {4.5, 0.5}, {8, 0.5}});
+  EXPECT_EQ(LiRemShort(store.get(), &k, 0, 1.0, 0), PA_OK);
+  EXPECT_EQ(Vertices(k), (std::vector<GE_POINT>{{0, 0}, {4.5, 0.5}, {4.5, 0.5}, {8, 0.5}}));
+
+  // A flat arc (radius 100, sweeping 0.02) becomes a line; a half circle
+  // does not.
+  const GE_POINT a{100 * std::cos(0.01), -100 * std::sin(0.01)};
+  const GE_POINT b{a.x, -a.y};
+  LI_TAB_STRUCT *arcs = Contour(store.get(), {Arc(a, b, {0, 0}, LI_ARC_CCW), Arc(b, {b.x - 20, b.y}, {b.x - 10, b.y}, LI_ARC_CCW)});
+  EXPECT_EQ(LiRemShort(store.get(), &arcs, 0, 0.01, 1), PA_OK);
+  EXPECT_EQ(arcs->type, LI_LINE);
+  EXPECT_DOUBLE_EQ(arcs->ang_ep - arcs->ang_ap, 200 * std::sin(0.01));
+  EXPECT_EQ(arcs->next->type, LI_ARC_CCW);
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {one, k, arcs}));
+}
+
+TEST(Correction, RemShortReportsTheUnionOfItsStatuses) {
+  ToleranceScope tol(0.25);
+  Store store;
+  // A line of zero length (PA_ZERO_LENGTH) and an arc of radius tol / 2
+  // (PA_ZERO_RADIUS); with min 0 nothing is deleted.
+  LI_TAB_STRUCT *k = Contour(store.get(), {Line({0, 0}, {0, 0}), Arc({0, 0}, {0.25, 0}, {0.125, 0}, LI_ARC_CW),
+                                           Line({0.25, 0}, {4, 0})});
+  EXPECT_EQ(LiRemShort(store.get(), &k, 0, 0.0, 0), PA_ZERO_LENGTH | PA_ZERO_RADIUS);
+  EXPECT_EQ(LiCountElem(k), 3u);
+  EXPECT_EQ(LiRemShort(store.get(), nullptr, 0, 0.0, 0), PA_INVALID);
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
 }
 
 }  // namespace
