@@ -77,5 +77,28 @@ TEST(Extend, VerlKontUnderAllocationFailure) {
   EXPECT_GT(failing, 0u);
 }
 
+TEST(Extend, ElemVerlUnderAllocationFailure) {
+  for (int32_t at_start : {0, 1}) {
+    const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
+      Store store;
+      LI_TAB_STRUCT *k = ArcThenLine(store.get());
+      LiKontChgDir(&k);  // now a line then an arc, so the end is an arc
+      if (at_start != 0) LiKontChgDir(&k);
+      LI_TAB_STRUCT *spare = TakeAllFree(store.get());
+      LI_TAB_STRUCT *const first = k;
+      failure.Arm();
+      const uint16_t status = LiElemVerl(store.get(), &k, 1, at_start);
+      failure.Disarm();
+      EXPECT_EQ(status, failure.Fired() ? PA_NO_MEMORY : PA_OK);
+      if (failure.Fired()) {
+        EXPECT_EQ(k, first);
+        EXPECT_EQ(LiCountElem(k), 2u);
+      }
+      EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, spare}));
+    });
+    EXPECT_GT(failing, 0u);
+  }
+}
+
 }  // namespace
 }  // namespace polyarc_test
