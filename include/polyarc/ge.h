@@ -328,4 +328,41 @@ POLYARC_EXTERN uint16_t GeCirByPtOnLinPt(const GE_POINT *p, const GE_POINT *norm
 POLYARC_EXTERN double GeArcArea(const GE_POINT *ap, const GE_POINT *ep, const GE_POINT *centre,
                                 double radius, uint16_t type);
 
+/* ---- Tangency, parallelism and identity ------------------------------- */
+
+/* Do the carriers touch? Two arcs: GeIseCirCir gives count 1, or
+ * PA_CONCENTRIC (concentric circles touch whatever their radii). Arc and
+ * line: GeIseCirLin gives one point. Two lines (or moves): all four end
+ * points lie within tol of the other's carrier, so collinear lines touch
+ * even apart. Returns 1 or 0. */
+POLYARC_EXTERN uint16_t GeTestTang(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2);
+
+/* Which way two touching elements part. With k = 0 for lines, +1/rad for
+ * type 3 and -1/rad for type 4 (the opposite sign of GeKruem),
+ * s = k1 + k2 when sum is non-zero, else k1 - k2; *side = 65535 (-1) when
+ * s < -tol, 1 when s > tol, else 0 (a curvature compared with the length
+ * tolerance). Returns 0, or PA_IMPOSSIBLE (side 0) when GeTestTang gives
+ * 0. */
+POLYARC_EXTERN uint16_t GeTanSide(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, uint16_t *side,
+                                  int32_t sum);
+
+/* Parallel or concentric? 2 with the same sense of travel, 65535 with
+ * opposite senses (normals' dot beyond +-0.999999995 for two type-1 lines;
+ * centres within tol per axis and equal or different types for two arcs),
+ * 1 for a point-like case (a degenerate line against a line, or a line
+ * whose both ends lie at the other element's centre, which for a move
+ * against a line is its stored normal), else 0. */
+POLYARC_EXTERN uint16_t GeElemTestParallel(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2);
+
+/* Do e1 and e2 share a carrier and a stretch of it? *code: 1 different
+ * carriers or an unsupported pair (moves never take part); 2 the same
+ * carrier (arcs: centres within tol per axis and radii within tol; lines:
+ * |n1 x n2| < tol / the longer length and e2's start within tol of e1's
+ * carrier) without a common stretch; 3 a common stretch longer than tol,
+ * from *p1 to *p2 in e1's sense (for lines clipped to e1; for arcs e2's
+ * own ends on e1's circle). *opposite: 1 when the senses are opposite.
+ * Outputs are (0, 0), 0 and 1 unless set. */
+POLYARC_EXTERN void GeIdentElem(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, uint16_t *code,
+                                uint32_t *opposite, GE_POINT *p1, GE_POINT *p2);
+
 #endif /* POLYARC_GE_H */
