@@ -367,6 +367,19 @@ POLYARC_EXTERN int LiPtInIntervall(LI_TAB_STRUCT *k, const GE_POINT *p1, const G
 
 /* ---- Contour measures and transforms ---------------------------------- */
 
+/* Reverses the contour's direction of travel: every element is reversed
+ * (LiElemUmdreh) and its links exchanged. A closed contour keeps its first
+ * element; an open one (a gap after the first element once reversed)
+ * moves *kont to its old last element, so that it starts at its old end. */
+POLYARC_EXTERN void LiKontChgDir(LI_TAB_STRUCT **kont);
+
+/* The signed area, positive for a counter-clockwise contour: the trapezoid
+ * under each element's chord (moves count like lines) plus or minus each
+ * arc's segment (GeArcArea); an arc whose ends coincide within tol counts
+ * as its whole disc, +pi rad^2 counter-clockwise, -pi rad^2 clockwise.
+ * 0 for a null contour. An open contour is closed by its chord. */
+POLYARC_EXTERN double LiKontArea(const LI_TAB_STRUCT *k);
+
 /* The union of the elements' stored boxes (tolerance margin included) in
  * *lo and *hi. A null contour leaves the outputs untouched. */
 POLYARC_EXTERN void LiKontBox(const LI_TAB_STRUCT *k, GE_POINT *lo, GE_POINT *hi);
@@ -410,6 +423,29 @@ POLYARC_EXTERN int LiCheckClosed(LI_TAB_STRUCT **kont);
 
 /* LiCheckClosed without moving the handle. */
 POLYARC_EXTERN int LiTestClosed(const LI_TAB_STRUCT *k);
+
+/* Cuts the closed contour *kont at q1 on the element numbered num1 and at
+ * q2 on the element numbered num2 (LiElemTeilen; when the numbers are
+ * equal, q2 is looked for on the piece after q1 first) into two open
+ * circular chains: *out1 runs from q1 to q2, *out2 from q2 to q1, and
+ * *kont becomes null. Returns 0; PA_INVALID when a number is not found,
+ * both cuts fall on one point, or an argument is null; a cutting status
+ * (PA_NO_RECORD, PA_ZERO_RADIUS) as it is. After a failed second cut the
+ * contour is left whole in *kont, cut at q1. */
+POLYARC_EXTERN uint16_t LiSplitKont(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRUCT **out1,
+                                    LI_TAB_STRUCT **out2, uint16_t num1, const GE_POINT *q1,
+                                    uint16_t num2, const GE_POINT *q2);
+
+/* Sorts loosely ordered elements into one connected chain. The first
+ * element stays; the others are searched from the head for one whose start
+ * meets the chain's end, (reversed) whose end meets it, whose end meets
+ * the chain's start (prepended, *kont moves to it), or (reversed) whose
+ * start meets it. keep_dir 0 allows reversing at once; non-zero only after
+ * a search without reversing found nothing. stop_closed non-zero stops
+ * once the chain is closed (and at once for a full circle). Returns the
+ * elements left over as a chain the caller owns, or null. */
+POLYARC_EXTERN LI_TAB_STRUCT *LiSortKont(LI_TAB_STRUCT **kont, int32_t keep_dir,
+                                         int32_t stop_closed);
 
 /* Extends the contour by len at both ends along its end tangents: an end
  * line or move is lengthened in place (and re-expanded), an end arc gets a
