@@ -561,6 +561,26 @@ POLYARC_EXTERN uint16_t LiKorrKont(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t 
 POLYARC_EXTERN uint16_t LiRemShort(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t closed, double min,
                                    int32_t flatten);
 
+/* The choose function of LiCrunch: given the two elements about to be
+ * merged (e and its successor n), returns the one whose payload (attr_val,
+ * attr_id, no) the merged element keeps. */
+typedef const LI_TAB_STRUCT *(*LI_CRUNCH_CHOOSE)(const LI_TAB_STRUCT *e, const LI_TAB_STRUCT *n);
+
+/* Merges runs of elements that continue one another, scanning from k: e
+ * absorbs its successor n (not k itself) while n has e's type,
+ * GeElemTestParallel gives 1 or 2 (same carrier and sense, or a point-like
+ * element) and e's ep coincides with n's ap within tol per axis. e then
+ * takes n's payload when a choose function is set and does not return e,
+ * gets n's ep (re-expanded) and keeps mark 1 only when both had it; n goes
+ * back to the store. Nothing merges across k. Returns 0 (also for a null
+ * k), or PA_INVALID for a null head. */
+POLYARC_EXTERN uint16_t LiCrunch(LI_HEAD *head, LI_TAB_STRUCT *k);
+
+/* Sets the choose function of every later LiCrunch in the process (null:
+ * the first element keeps its payload) and returns the previous one, null
+ * at first. Process-wide and unsynchronised: set it before concurrent use. */
+POLYARC_EXTERN LI_CRUNCH_CHOOSE LiKontSetChooseForCrunchCB(LI_CRUNCH_CHOOSE choose);
+
 /* ---- Corresponding contours ------------------------------------------ */
 
 /* Makes two contours correspond element by element by their numbers (no),

@@ -187,5 +187,94 @@ TEST(Correction, RemShortReportsTheUnionOfItsStatuses) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
 }
 
+const LI_TAB_STRUCT *ChooseSecond(const LI_TAB_STRUCT *, const LI_TAB_STRUCT *n) { return n; }
+const LI_TAB_STRUCT *ChooseFirst(const LI_TAB_STRUCT *e, const LI_TAB_STRUCT *) { return e; }
+
+// Sets the choose function for one scope and puts the old one back.
+class ChooseScope {
+ public:
+  explicit ChooseScope(LI_CRUNCH_CHOOSE f) : previous_(LiKontSetChooseForCrunchCB(f)) {}
+  ChooseScope(const ChooseScope &) = delete;
+  ChooseScope &operator=(const ChooseScope &) = delete;
+  ~ChooseScope() { LiKontSetChooseForCrunchCB(previous_); }
+
+ private:
+  LI_CRUNCH_CHOOSE previous_;
+};
+
+TEST(Correction, CrunchMergesThreeCollinearLinesIntoOne) {
+  Store store;
+  LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}, {3, 0}});
+  LI_TAB_STRUCT *first = k;
+  EXPECT_EQ(LiCrunch(store.get(), k), PA_OK);
+  EXPECT_EQ(Vertices(k), (std::vector<GE_POINT>{{0, 0}, {3, 0}}));
+  EXPECT_EQ(k, first);
+  EXPECT_EQ(k->ang_ep - k->ang_ap, 3) << "re-expanded";
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
+}
+
+TEST(Correction, CrunchMergesOnlyWhatContinues) {
+  Store store;
+  // The last side continues the first, but nothing merges across the start.
+  LI_TAB_STRUCT *square = Polygon(store.get(), {{1, 0}, {2, 0}, {2, 2}, {0, 2}, {0, 0}});
+  EXPECT_EQ(LiCrunch(store.get(), square), PA_OK);
+  EXPECT_EQ(LiCountElem(square), 5u);
+
+  LI_TAB_STRUCT *back = Polyline(store.get(), {{0, 0}, {2, 0}, {1, 0}});
+  EXPECT_EQ(LiCrunch(store.get(), back), PA_OK);
+  EXPECT_EQ(LiCountElem(back), 2u) << "collinear, but turning back";
+
+  LI_TAB_STRUCT *gap = Polyline(store.get(), {{0, 0}, {1, 0}});
+  LiChainPrev(gap, Polyline(store.get(), {{1.5, 0}, {3, 0}}));
+  EXPECT_EQ(LiCrunch(store.get(), gap), PA_OK);
+  EXPECT_EQ(LiCountElem(gap), 2u);
+
+  // Two quarters of the unit circle make a half.
+  LI_TAB_STRUCT *arcs = QuarterArc(store.get());
+  const GE_POINT west{-1, 0}, centre{0, 0};
+  ASSERT_EQ(LiArc(store.get(), &arcs, &west, &centre, 0), PA_OK);
+  EXPECT_EQ(LiCrunch(store.get(), arcs), PA_OK);
+  ASSERT_EQ(LiCountElem(arcs), 1u);
+  EXPECT_EQ(arcs->ep, west);
+  EXPECT_DOUBLE_EQ(arcs->ang_ep, kPi);
+  EXPECT_EQ(LiCrunch(store.get(), nullptr), PA_OK);
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {square, back, gap, arcs}));
+}
+
+TEST(Correction, CrunchPayloadFollowsTheChooseFunction) {
+  EXPECT_EQ(LiKontSetChooseForCrunchCB(nullptr), nullptr) << "none is set at first";
+  Store store;
+  auto payload = [&store](uint16_t mark2) {
+    LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}});
+    k->no = 1;
+    k->attr_id = 10;
+    k->attr_val = 0.5;
+    k->mark = 1;
+    k->next->no = 2;
+    k->next->attr_id = 20;
+    k->next->attr_val = 1.5;
+    k->next->mark = mark2;
+    EXPECT_EQ(LiCrunch(store.get(), k), PA_OK);
+    EXPECT_EQ(LiCountElem(k), 1u);
+    return k;
+  };
+  LI_TAB_STRUCT *none = payload(1);
+  EXPECT_EQ(none->no, 1) << "without a choose function the first keeps its payload";
+  EXPECT_EQ(none->mark, 1) << "both marked";
+  {
+    ChooseScope scope(ChooseSecond);
+    EXPECT_EQ(LiKontSetChooseForCrunchCB(ChooseSecond), ChooseSecond);
+    LI_TAB_STRUCT *second = payload(0);
+    EXPECT_EQ(second->no, 2);
+    EXPECT_EQ(second->attr_id, 20);
+    EXPECT_EQ(second->attr_val, 1.5);
+    EXPECT_EQ(second->mark, 0) << "only one marked";
+    EXPECT_EQ(LiKontSetChooseForCrunchCB(ChooseFirst), ChooseSecond);
+    LI_TAB_STRUCT *first = payload(1);
+    EXPECT_EQ(first->attr_id, 10);
+  }
+  EXPECT_EQ(LiKontSetChooseForCrunchCB(nullptr), nullptr) << "the scope put it back";
+}
+
 }  // namespace
 }  // namespace polyarc_test
