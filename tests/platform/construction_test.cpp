@@ -2,6 +2,7 @@
 // line, the line through two points, and the area of a circular segment
 // against its analytic value.
 #include <cmath>
+#include <tuple>
 
 #include "support/support.h"
 
@@ -10,7 +11,7 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-TEST(CirByPtPtPt, CircumcircleOfTheRightTriangle) {
+TEST(CirByPtPtPt, CircumcircleOfTheRightTriangleAndFlatTriangles) {
   const GE_POINT a{0, 0}, b{3, 0}, c{0, 4};
   GE_POINT m{};
   double r = 0;
@@ -19,7 +20,6 @@ TEST(CirByPtPtPt, CircumcircleOfTheRightTriangle) {
   EXPECT_NEAR(m.y, 2, 1e-15);
   EXPECT_NEAR(r, 2.5, 1e-15);
   EXPECT_EQ(GeCirByPtPtPt(&a, &a, &c, &m, &r), PA_IMPOSSIBLE);
-
   ToleranceScope tol(0.25);
   const GE_POINT flat{1, 0.125}, high{1, 0.5}, end{2, 0};
   m = {7, 7};
@@ -30,58 +30,41 @@ TEST(CirByPtPtPt, CircumcircleOfTheRightTriangle) {
 }
 
 TEST(LineAndTangentCircle, LineFormFeedsTheTangentCircle) {
-  const GE_POINT a{0, 0}, b{2, 0}, q{1, 1};
-  GE_POINT n{};
-  double c = 9;
+  const GE_POINT a{0, 0}, b{2, 0}, q{1, 1}, below{3, -2}, off{2, 1}, on{5, 0};
+  GE_POINT n{}, m{};
+  double c = 9, r = 0;
   EXPECT_EQ(GeLineByPtPt(&a, &b, &n, &c), PA_OK);
-  EXPECT_EQ(n, (GE_POINT{0, -1}));
-  EXPECT_EQ(c, 0);
+  EXPECT_EQ(std::make_tuple(n, c), std::make_tuple(GE_POINT{0, -1}, 0.0));
   EXPECT_EQ(GeLineByPtPt(&a, &a, &n, &c), PA_ZERO_LENGTH);
-
-  GE_POINT m{};
-  double r = 0;
   EXPECT_EQ(GeCirByPtOnLinPt(&b, &n, c, &q, &m, &r), PA_OK);
-  EXPECT_EQ(m, (GE_POINT{2, 1}));
-  EXPECT_EQ(r, 1);
-  const GE_POINT below{3, -2}, off{2, 1}, on{5, 0};
+  EXPECT_EQ(std::make_tuple(m, r), std::make_tuple(GE_POINT{2, 1}, 1.0));
   EXPECT_EQ(GeCirByPtOnLinPt(&b, &n, c, &below, &m, &r), PA_OK);
-  EXPECT_EQ(m, (GE_POINT{2, -1.25}));
-  EXPECT_EQ(r, 1.25);
-  EXPECT_EQ(GeCirByPtOnLinPt(&off, &n, c, &q, &m, &r), PA_INVALID);
+  EXPECT_EQ(std::make_tuple(m, r), std::make_tuple(GE_POINT{2, -1.25}, 1.25));
+  EXPECT_EQ(GeCirByPtOnLinPt(&off, &n, c, &q, &m, &r), PA_INVALID) << "not on the line";
   EXPECT_EQ(GeCirByPtOnLinPt(&b, &n, c, &on, &m, &r), PA_IMPOSSIBLE);
   EXPECT_EQ(GeCirByPtOnLinPt(&b, &n, c, &b, &m, &r), PA_IMPOSSIBLE);
 }
 
-// r^2 (theta - sin theta) / 2 in extended precision.
-double Segment(double r, double theta) {
-  const long double t = theta;
-  return static_cast<double>(0.5L * r * r * (t - std::sin(t)));
-}
-
-TEST(ArcArea, MatchesTheSegmentFormulaInBothSenses) {
+TEST(ArcArea, MatchesTheSegmentFormulaInBothSensesFromSmallToNearlyFull) {
   const GE_POINT c{-2, 3};
   const double r = 1.5;
+  const auto at = [&](double a) { return GE_POINT{c.x + r * std::cos(a), c.y + r * std::sin(a)}; };
   for (double start = -3.0; start < 3.2; start += 0.7) {
-    for (double theta : {1e-3, 0.05, 0.3, 1.0, kPi / 2, kPi, 4.0, 6.0, 2 * kPi - 0.01}) {
-      const GE_POINT ap{c.x + r * std::cos(start), c.y + r * std::sin(start)};
-      const GE_POINT ccw_ep{c.x + r * std::cos(start + theta), c.y + r * std::sin(start + theta)};
-      const GE_POINT cw_ep{c.x + r * std::cos(start - theta), c.y + r * std::sin(start - theta)};
-      const double want = Segment(r, theta);
+    for (double theta : {1e-3, 0.05, 1.0, kPi / 2, kPi, 4.0, 2 * kPi - 0.01}) {
+      const GE_POINT ap = at(start), ccw_ep = at(start + theta), cw_ep = at(start - theta);
+      const long double t = theta;  // r^2 (theta - sin theta) / 2 in extended precision
+      const double want = static_cast<double>(0.5L * r * r * (t - std::sin(t)));
       EXPECT_NEAR(GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CCW), want, 1e-9 * want) << theta;
       EXPECT_NEAR(GeArcArea(&ap, &cw_ep, &c, r, LI_ARC_CW), want, 1e-9 * want) << theta;
-      // The arc the other way round over the same chord completes the disc.
       EXPECT_NEAR(
           GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CCW) + GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CW),
-          kPi * r * r, 1e-12);
+          kPi * r * r, 1e-12)
+          << "the other arc over the same chord completes the disc";
     }
   }
-}
-
-TEST(ArcArea, HalfAndFullTurn) {
-  const GE_POINT c{0, 0}, a{1, 0}, b{-1, 0};
-  EXPECT_NEAR(GeArcArea(&a, &b, &c, 1, LI_ARC_CCW), kPi / 2, 1e-15);
-  EXPECT_NEAR(GeArcArea(&a, &a, &c, 2, LI_ARC_CW), 4 * kPi, 1e-15) << "coincident ends";
-  EXPECT_EQ(GeArcArea(nullptr, &b, &c, 1, LI_ARC_CCW), 0);
+  const GE_POINT o{0, 0}, a{1, 0};
+  EXPECT_NEAR(GeArcArea(&a, &a, &o, 2, LI_ARC_CW), 4 * kPi, 1e-15) << "coincident ends";
+  EXPECT_EQ(GeArcArea(nullptr, &a, &o, 1, LI_ARC_CCW), 0);
 }
 
 }  // namespace
