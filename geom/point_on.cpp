@@ -18,35 +18,6 @@ uint16_t BeforeOrBeyond(const LI_TAB_STRUCT &e, double angle) {
   return beyond > before ? GE_BEFORE : GE_BEYOND;
 }
 
-uint16_t PointOn(const LI_TAB_STRUCT &e, GE_POINT &p, double &par) {
-  const double tol = Tol();
-  // The end is tested before the start so that a degenerate element
-  // reports its end.
-  if (CoincideByDistance(p, e.ep, tol)) {
-    p = e.ep;
-    par = e.ang_ep;
-    return GE_AT_END;
-  }
-  if (CoincideByDistance(p, e.ap, tol)) {
-    p = e.ap;
-    par = e.ang_ap;
-    return GE_AT_START;
-  }
-  if (IsLine(e)) {
-    const double t = Dot(p, LineDirection(e));
-    par = t;
-    if (e.ang_ap < t && t < e.ang_ep) return GE_INSIDE;
-    return t < e.ang_ap ? GE_BEFORE : GE_BEYOND;
-  }
-  const double angle = Angle(p - e.mp);
-  par = angle;
-  if (CoincidePerAxis(e.ap, e.ep, tol)) return GE_INSIDE;
-  // A negative radius places the carrier point opposite its angle.
-  const double test = e.rad < 0.0 ? Opposite(angle) : angle;
-  if (AngleOnArc(test, e)) return GE_INSIDE;
-  return BeforeOrBeyond(e, test);
-}
-
 // The on-element test; band is the admitted distance across a line.
 uint16_t OnElement(const LI_TAB_STRUCT &e, GE_POINT p, double band) {
   const double tol = Tol();
@@ -84,6 +55,35 @@ uint16_t NearestOnLine(GE_POINT p, const LI_TAB_STRUCT &e, GE_POINT &nearest, do
 }
 
 }  // namespace
+
+uint16_t PointOn(const LI_TAB_STRUCT &e, GE_POINT &p, double &par) {
+  const double tol = Tol();
+  // The end is tested before the start so that a degenerate element
+  // reports its end.
+  if (CoincideByDistance(p, e.ep, tol)) {
+    p = e.ep;
+    par = e.ang_ep;
+    return GE_AT_END;
+  }
+  if (CoincideByDistance(p, e.ap, tol)) {
+    p = e.ap;
+    par = e.ang_ap;
+    return GE_AT_START;
+  }
+  if (IsLine(e)) {
+    const double t = Dot(p, LineDirection(e));
+    par = t;
+    if (e.ang_ap < t && t < e.ang_ep) return GE_INSIDE;
+    return t < e.ang_ap ? GE_BEFORE : GE_BEYOND;
+  }
+  const double angle = Angle(p - e.mp);
+  par = angle;
+  if (CoincidePerAxis(e.ap, e.ep, tol)) return GE_INSIDE;
+  // A negative radius places the carrier point opposite its angle.
+  const double test = e.rad < 0.0 ? Opposite(angle) : angle;
+  if (AngleOnArc(test, e)) return GE_INSIDE;
+  return BeforeOrBeyond(e, test);
+}
 
 void NearestOnArc(GE_POINT p, const LI_TAB_STRUCT &e, double &dist, GE_POINT &nearest,
                   double &angle) {

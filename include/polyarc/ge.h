@@ -119,7 +119,99 @@ POLYARC_EXTERN uint16_t GeIseCirLin(const GE_POINT *centre, double radius, const
 POLYARC_EXTERN uint16_t GeIseCirCir(const GE_POINT *c1, double r1, const GE_POINT *c2, double r2,
                                     uint16_t *count, GE_POINT *p1, GE_POINT *p2);
 
+/* Crossings of the carriers of e1 and e2 (lines, or full circles of arcs
+ * with |rad| >= tol; smaller arcs meet nothing), classified on e1 and then
+ * on e2 by GePointOn: par1/pos1 and par2/pos2 receive the parameter and the
+ * position code on each. Snapping to e1's end comes first, so a crossing
+ * at a shared vertex gets the vertex's coordinates. With a line the points
+ * come in the line's direction. Returns the number of points (0, 1, 2);
+ * i1 and i2 are written only as far as that number. */
+POLYARC_EXTERN uint16_t GeCross(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, IsectPoint *i1,
+                                IsectPoint *i2);
+
+/* Do two circles (radii by absolute value) cross properly? side and touch
+ * are zeroed first. touch 2: centres within tol; touch 1: touching within
+ * tol in any of the three ways, disjoint, nested, or a chord no longer
+ * than tol; touch 0: two crossings, with side 1 when p lies right of (or
+ * on) the line c1 -> c2, else 0. Returns the math error indicator (0). */
+POLYARC_EXTERN uint16_t GeCirCirTest(const GE_POINT *c1, double r1, const GE_POINT *c2, double r2,
+                                     const GE_POINT *p, uint16_t *side, uint16_t *touch);
+
+/* The same for a circle and the line n.p = c, with a = the centre's
+ * distance from the line: touch 1 when r - tol < a < r + tol (strict);
+ * for a < r - tol a proper crossing (touch 0, side 1 when (p - centre) x n
+ * < 0). A line that misses the circle leaves touch and side 0, unlike
+ * GeCirCirTest. Returns the math error indicator (0). */
+POLYARC_EXTERN uint16_t GeCirLinTest(const GE_POINT *centre, double radius, const GE_POINT *n,
+                                     double c, const GE_POINT *p, uint16_t *side, uint16_t *touch);
+
+/* GeCirCirTest or GeCirLinTest on the carriers of e1 and e2 with e1's end
+ * point as the test point. Two lines: touch 2 when parallel (as in
+ * GeIseLinLin), else touch and side 0. Returns the test's status (0). */
+POLYARC_EXTERN uint16_t GeElemIsectTest(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2,
+                                        uint16_t *side, uint16_t *touch);
+
+/* Common tangents of two circles, radii taken with their signs: with inner
+ * non-zero the two that separate the circles, else the two with both
+ * circles on one side. Each tangent is n.p = k with unit normal n; c1 lies
+ * at signed distance -r1 from both, c2 at -r2 (outer) or +r2 (inner).
+ * Returns 0, or PA_IMPOSSIBLE (nothing written) when the centres are
+ * closer than tol or no such tangent exists: |q| > 1 with q = (r1 + r2)/d
+ * for inner and (r1 - r2)/d for outer tangents (q < -1 is refused as well
+ * as q > 1). */
+POLYARC_EXTERN uint16_t GeCirCirTan(const GE_POINT *c1, double r1, const GE_POINT *c2, double r2,
+                                    int32_t inner, GE_POINT *n1, double *k1, GE_POINT *n2,
+                                    double *k2);
+
 /* ---- Distances -------------------------------------------------------- */
+
+/* Nearest point of the line segment to p. With t = p.d in [ang_ap, ang_ep]
+ * (inclusive): the foot, |c - n.p| and t. Otherwise the nearer end point
+ * (ap on a tie) with its stored parameter and the distance to it.
+ * Returns 0. */
+POLYARC_EXTERN uint16_t GePtDrawDist(const GE_POINT *p, const LI_TAB_STRUCT *line, double *dist,
+                                     GE_POINT *nearest, double *par);
+
+/* Nearest point of the arc to p, as GePtOnArc without its on-arc test:
+ * the radial foot with | |p - mp| - rad | and p's angle when the angle is
+ * in the range, else the nearer end (ap on a tie) with its stored angle
+ * and the distance to it. Returns 0. */
+POLYARC_EXTERN uint16_t GePtArcDist(const GE_POINT *p, const LI_TAB_STRUCT *arc, double *dist,
+                                    GE_POINT *nearest, double *angle);
+
+/* GePtDrawDist for type 1, GePtArcDist for every other type (a move is
+ * measured the arc way). Returns 0. */
+POLYARC_EXTERN uint16_t GePtElemDist(const LI_TAB_STRUCT *e, const GE_POINT *p, GE_POINT *nearest,
+                                     double *dist);
+
+/* Distance of two segments from their end points only: l1's ap and ep
+ * against l2, then l2's ap and ep against l1 (GePtDrawDist); a later
+ * candidate wins only when strictly nearer. Crossing segments are not
+ * detected (their distance is not 0). p1/par1 lie on l1, p2/par2 on l2.
+ * Returns 0. */
+POLYARC_EXTERN uint16_t GeDrawDrawDist(const LI_TAB_STRUCT *l1, const LI_TAB_STRUCT *l2,
+                                       double *dist, GE_POINT *p1, double *par1, GE_POINT *p2,
+                                       double *par2);
+
+/* Distance of a segment and an arc. The foot of the arc's centre on the
+ * line and the arc point towards it form the answer, with distance
+ * |c - n.mp| - rad, when the foot is within the segment (inclusive), its
+ * angle within the arc, the foot not within tol per axis of the centre and
+ * the centre farther than rad from the line (strict). Otherwise the best
+ * of the end-point candidates (the line's ends against the arc, then the
+ * arc's ends against the line), a later one only when strictly nearer.
+ * Returns 0. */
+POLYARC_EXTERN uint16_t GeDrawArcDist(const LI_TAB_STRUCT *line, const LI_TAB_STRUCT *arc,
+                                      double *dist, GE_POINT *pl, double *parl, GE_POINT *pa,
+                                      double *anga);
+
+/* Distance of two arcs: the points of both circles on the centre line,
+ * with |mp1 - mp2| - rad1 - rad2, when each lies within its arc, the
+ * centres differ by tol or more in x or y and that distance is > 0; else
+ * the end-point candidates as in GeDrawArcDist (overlapping or nested
+ * circles always take them). Returns 0. */
+POLYARC_EXTERN uint16_t GeArcArcDist(const LI_TAB_STRUCT *a1, const LI_TAB_STRUCT *a2, double *dist,
+                                     GE_POINT *p1, double *ang1, GE_POINT *p2, double *ang2);
 
 /* Bounding box of the arc about centre through p1 and p2. With clockwise
  * non-zero the arc runs clockwise from p1 to p2; with 0 it runs
@@ -175,6 +267,35 @@ POLYARC_EXTERN uint16_t GeArcByTang(const GE_POINT3 *p1, const GE_POINT3 *p2, co
 POLYARC_EXTERN uint16_t GeArcByCenter(const GE_POINT3 *centre, const GE_POINT3 *start, GE_POINT3 *end,
                                       double *radius);
 
+/* Segments needed so that no chord of an arc of the given sweep (radians,
+ * either sign) and radius deviates from it by more than chord_tol:
+ * trunc(|sweep| / 2 / h) + 1 with h = acos((r - e)/r), h at least 0.05
+ * degrees (also for a negative chord_tol). 1 when radius <= chord_tol or
+ * the sweep is NaN; capped at UINT32_MAX. */
+POLYARC_EXTERN uint32_t GeArcToLinesCalcSeg(double sweep, double radius, double chord_tol);
+
+/* n evenly spaced points of the arc about centre from start to end,
+ * clockwise for sense 3 and 19, counter-clockwise for 4 and 20 (19 and 20
+ * a full turn from start). Inner points take start's z; the last point is
+ * end exactly. Returns the process-wide polyline buffer, valid until the
+ * next arc-to-lines or line-split call (never free it), or null when
+ * n < 2 or the buffer cannot grow. Not for concurrent use. */
+POLYARC_EXTERN GE_POINT3 *GeArcToLinesSplit(const GE_POINT3 *start, const GE_POINT3 *end,
+                                            const GE_POINT3 *centre, uint16_t sense, uint32_t n);
+
+/* As GeArcToLinesSplit with the signed angle step between points given
+ * (positive counter-clockwise); each point is the previous one rotated by
+ * it about centre, the last is end. Same buffer and null cases. */
+POLYARC_EXTERN GE_POINT3 *GeArcToLinesSplitTw(const GE_POINT3 *start, const GE_POINT3 *end,
+                                              const GE_POINT3 *centre, uint32_t n, double step);
+
+/* n evenly spaced points from start to end (x, y and z) in the polyline
+ * buffer; with n = 1 only the end point. *out receives the buffer. Returns
+ * 0, the memory service's status when the buffer cannot grow, or
+ * PA_INVALID for n < 1 (*out null in both failure cases). */
+POLYARC_EXTERN uint16_t GeArcSplitLine(const GE_POINT3 *start, const GE_POINT3 *end, GE_POINT3 **out,
+                                       int32_t n);
+
 /* Does nothing and returns 0; kept for callers that still link to it. */
 POLYARC_EXTERN uint16_t GeArc3DAng(void);
 
@@ -206,5 +327,42 @@ POLYARC_EXTERN uint16_t GeCirByPtOnLinPt(const GE_POINT *p, const GE_POINT *norm
  * are a full turn (pi r^2). Null points give 0. */
 POLYARC_EXTERN double GeArcArea(const GE_POINT *ap, const GE_POINT *ep, const GE_POINT *centre,
                                 double radius, uint16_t type);
+
+/* ---- Tangency, parallelism and identity ------------------------------- */
+
+/* Do the carriers touch? Two arcs: GeIseCirCir gives count 1, or
+ * PA_CONCENTRIC (concentric circles touch whatever their radii). Arc and
+ * line: GeIseCirLin gives one point. Two lines (or moves): all four end
+ * points lie within tol of the other's carrier, so collinear lines touch
+ * even apart. Returns 1 or 0. */
+POLYARC_EXTERN uint16_t GeTestTang(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2);
+
+/* Which way two touching elements part. With k = 0 for lines, +1/rad for
+ * type 3 and -1/rad for type 4 (the opposite sign of GeKruem),
+ * s = k1 + k2 when sum is non-zero, else k1 - k2; *side = 65535 (-1) when
+ * s < -tol, 1 when s > tol, else 0 (a curvature compared with the length
+ * tolerance). Returns 0, or PA_IMPOSSIBLE (side 0) when GeTestTang gives
+ * 0. */
+POLYARC_EXTERN uint16_t GeTanSide(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, uint16_t *side,
+                                  int32_t sum);
+
+/* Parallel or concentric? 2 with the same sense of travel, 65535 with
+ * opposite senses (normals' dot beyond +-0.999999995 for two type-1 lines;
+ * centres within tol per axis and equal or different types for two arcs),
+ * 1 for a point-like case (a degenerate line against a line, or a line
+ * whose both ends lie at the other element's centre, which for a move
+ * against a line is its stored normal), else 0. */
+POLYARC_EXTERN uint16_t GeElemTestParallel(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2);
+
+/* Do e1 and e2 share a carrier and a stretch of it? *code: 1 different
+ * carriers or an unsupported pair (moves never take part); 2 the same
+ * carrier (arcs: centres within tol per axis and radii within tol; lines:
+ * |n1 x n2| < tol / the longer length and e2's start within tol of e1's
+ * carrier) without a common stretch; 3 a common stretch longer than tol,
+ * from *p1 to *p2 in e1's sense (for lines clipped to e1; for arcs e2's
+ * own ends on e1's circle). *opposite: 1 when the senses are opposite.
+ * Outputs are (0, 0), 0 and 1 unless set. */
+POLYARC_EXTERN void GeIdentElem(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, uint16_t *code,
+                                uint32_t *opposite, GE_POINT *p1, GE_POINT *p2);
 
 #endif /* POLYARC_GE_H */
