@@ -37,16 +37,14 @@ uint16_t ConicArc(LI_TAB_STRUCT &e, int16_t side, double d0, double d1) {
   ShiftParallel(at_start, side * d0);
   ShiftParallel(at_middle, side * ((d0 + d1) * 0.5));
   ShiftParallel(at_end, side * d1);
-  const GE_POINT start = at_start.ap;
-  GE_POINT middle{};
-  GE_POINT end = at_end.ep;
+  const GE_POINT start = at_start.ap, end = at_end.ep;
+  // GeArc3Points may exchange its second and third points in place.
+  GE_POINT middle{}, last = end;
   GeElemMpt(&at_middle, &middle);
   GE_POINT centre{};
   double radius = 0.0;
   uint16_t sense = 0;
-  // GeArc3Points may exchange its second and third points in place.
-  GE_POINT p2 = middle, p3 = end;
-  if (const uint16_t status = GeArc3Points(&start, &p2, &p3, &centre, &radius, &sense);
+  if (const uint16_t status = GeArc3Points(&start, &middle, &last, &centre, &radius, &sense);
       status != PA_OK) {
     return status;
   }

@@ -10,9 +10,13 @@
 namespace polyarc {
 namespace {
 
-GE_POINT Plane(const GE_POINT3 &p) { return {p.x, p.y}; }
+GE_POINT Plane(const GE_POINT3 &p) {
+  return {p.x, p.y};
+}
 
-uint16_t SenseOf(double turn) { return turn > 0.0 ? LI_ARC_CCW : LI_ARC_CW; }
+uint16_t SenseOf(double turn) {
+  return turn > 0.0 ? LI_ARC_CCW : LI_ARC_CW;
+}
 
 // Every point lies in the plane z = a.z within tol.
 bool SamePlane(const GE_POINT3 &a, const GE_POINT3 &b, const GE_POINT3 &c) {
@@ -76,8 +80,8 @@ uint16_t ByThreePoints(const GE_POINT3 &p1, const GE_POINT3 &p2, const GE_POINT3
   return PA_OK;
 }
 
-uint16_t ByTangent(const GE_POINT3 &p1, const GE_POINT3 &p2, const GE_POINT3 &p3,
-                   GE_POINT3 &centre, double &radius, uint16_t &sense) {
+uint16_t ByTangent(const GE_POINT3 &p1, const GE_POINT3 &p2, const GE_POINT3 &p3, GE_POINT3 &centre,
+                   double &radius, uint16_t &sense) {
   if (!SamePlane(p1, p2, p3)) return PA_INVALID;
   const GE_POINT a = Plane(p1), b = Plane(p2), c = Plane(p3);
   GE_POINT normal{};
@@ -91,8 +95,7 @@ uint16_t ByTangent(const GE_POINT3 &p1, const GE_POINT3 &p2, const GE_POINT3 &p3
   return PA_OK;
 }
 
-uint16_t ByCentre(const GE_POINT3 &centre, const GE_POINT3 &start, GE_POINT3 &end,
-                  double &radius) {
+uint16_t ByCentre(const GE_POINT3 &centre, const GE_POINT3 &start, GE_POINT3 &end, double &radius) {
   if (!SamePlane(centre, start, end)) return PA_INVALID;
   const GE_POINT m = Plane(centre);
   radius = Dist(Plane(start), m);
@@ -155,4 +158,6 @@ extern "C" uint16_t GeArcByCenter(const GE_POINT3 *centre, const GE_POINT3 *star
   return ByCentre(*centre, *start, *end, *radius);
 }
 
-extern "C" uint16_t GeArc3DAng(void) { return 0; }
+extern "C" uint16_t GeArc3DAng(void) {
+  return 0;
+}

@@ -55,7 +55,9 @@ GE_POINT3 *SplitByStep(GE_POINT3 start, GE_POINT3 end, GE_POINT3 centre, uint32_
   return g_polyline;
 }
 
-bool Clockwise(uint16_t sense) { return sense == LI_ARC_CW || sense == LI_CIRCLE_CW; }
+bool Clockwise(uint16_t sense) {
+  return sense == LI_ARC_CW || sense == LI_CIRCLE_CW;
+}
 
 GE_POINT3 *SplitArc(GE_POINT3 start, GE_POINT3 end, GE_POINT3 centre, uint16_t sense, uint32_t n) {
   double step = 0.0;
@@ -63,7 +65,7 @@ GE_POINT3 *SplitArc(GE_POINT3 start, GE_POINT3 end, GE_POINT3 centre, uint16_t s
     const double a1 = std::atan2(start.y - centre.y, start.x - centre.x);
     const double a2 = std::atan2(end.y - centre.y, end.x - centre.x);
     const bool full = sense == LI_CIRCLE_CW || sense == LI_CIRCLE_CCW;
-    const double sweep = full ? kTwoPi : SweepOnce(sense == LI_ARC_CW ? a1 - a2 : a2 - a1);
+    const double sweep = full ? kTwoPi : SweepInSense(sense, a1, a2);
     step = sweep / (n - 1);
   }
   return SplitByStep(start, end, centre, n, Clockwise(sense) ? -step : step);

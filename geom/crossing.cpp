@@ -14,8 +14,7 @@ namespace {
 
 // Points common to the carriers of a and b, in the line's direction when
 // one of them is a line. Arcs with a radius below tol meet nothing.
-uint16_t CarrierPoints(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b, GE_POINT &p1,
-                       GE_POINT &p2) {
+uint16_t CarrierPoints(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b, GE_POINT &p1, GE_POINT &p2) {
   const double tol = Tol();
   if (IsLine(a) && IsLine(b)) return IntersectLines(a.mp, a.rad, b.mp, b.rad, p1) == PA_OK ? 1 : 0;
   if (IsLine(a) || IsLine(b)) {
@@ -67,8 +66,7 @@ uint16_t CircleCircleTest(GE_POINT c1, double r1, GE_POINT c2, double r2, GE_POI
     return static_cast<uint16_t>(errno);
   }
   const double k = (r1 * r1 - r2 * r2 + d * d) / d;
-  const double radicand = r1 * r1 - k * k / 4.0;
-  const double h = radicand > 0.0 ? std::sqrt(radicand) : 0.0;
+  const double h = SafeRoot(r1 * r1 - k * k / 4.0);
   if (2.0 * h > tol) {
     // On or right of the directed centre line c1 -> c2.
     side = Cross(p - c1, c2 - c1) >= 0.0 ? 1 : 0;
@@ -88,8 +86,7 @@ uint16_t CircleLineTest(GE_POINT centre, double radius, GE_POINT n, double c, GE
   const double r = std::fabs(radius);
   if (r - tol < a && a < r + tol) touch = 1;
   if (a < r - tol) {
-    const double radicand = r * r - a * a;
-    const double h = radicand > 0.0 ? std::sqrt(radicand) : 0.0;
+    const double h = SafeRoot(r * r - a * a);
     if (2.0 * h > tol) {
       side = Cross(p - centre, n) < 0.0 ? 1 : 0;
     } else {
@@ -103,7 +100,8 @@ uint16_t CircleLineTest(GE_POINT centre, double radius, GE_POINT n, double c, GE
 uint16_t ElementTest(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b, uint16_t &side,
                      uint16_t &touch) {
   side = touch = 0;
-  if (!IsLine(a) && !IsLine(b)) return CircleCircleTest(a.mp, a.rad, b.mp, b.rad, a.ep, side, touch);
+  if (!IsLine(a) && !IsLine(b))
+    return CircleCircleTest(a.mp, a.rad, b.mp, b.rad, a.ep, side, touch);
   if (!IsLine(a)) return CircleLineTest(a.mp, a.rad, b.mp, b.rad, a.ep, side, touch);
   if (!IsLine(b)) return CircleLineTest(b.mp, b.rad, a.mp, a.rad, a.ep, side, touch);
   GE_POINT unused{};
@@ -155,8 +153,8 @@ extern "C" uint16_t GeCirCirTest(const GE_POINT *c1, double r1, const GE_POINT *
   return CircleCircleTest(*c1, r1, *c2, r2, *p, *side, *touch);
 }
 
-extern "C" uint16_t GeCirLinTest(const GE_POINT *centre, double radius, const GE_POINT *n,
-                                 double c, const GE_POINT *p, uint16_t *side, uint16_t *touch) {
+extern "C" uint16_t GeCirLinTest(const GE_POINT *centre, double radius, const GE_POINT *n, double c,
+                                 const GE_POINT *p, uint16_t *side, uint16_t *touch) {
   if (centre == nullptr || n == nullptr || p == nullptr || side == nullptr || touch == nullptr)
     return PA_INVALID;
   return CircleLineTest(*centre, radius, *n, c, *p, *side, *touch);
@@ -169,8 +167,7 @@ extern "C" uint16_t GeElemIsectTest(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT
 }
 
 extern "C" uint16_t GeCirCirTan(const GE_POINT *c1, double r1, const GE_POINT *c2, double r2,
-                                int32_t inner, GE_POINT *n1, double *k1, GE_POINT *n2,
-                                double *k2) {
+                                int32_t inner, GE_POINT *n1, double *k1, GE_POINT *n2, double *k2) {
   if (c1 == nullptr || c2 == nullptr || n1 == nullptr || k1 == nullptr || n2 == nullptr ||
       k2 == nullptr)
     return PA_INVALID;

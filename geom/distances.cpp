@@ -144,9 +144,8 @@ extern "C" uint16_t GeDrawDrawDist(const LI_TAB_STRUCT *l1, const LI_TAB_STRUCT 
   return PA_OK;
 }
 
-extern "C" uint16_t GeDrawArcDist(const LI_TAB_STRUCT *line, const LI_TAB_STRUCT *arc,
-                                  double *dist, GE_POINT *pl, double *parl, GE_POINT *pa,
-                                  double *anga) {
+extern "C" uint16_t GeDrawArcDist(const LI_TAB_STRUCT *line, const LI_TAB_STRUCT *arc, double *dist,
+                                  GE_POINT *pl, double *parl, GE_POINT *pa, double *anga) {
   if (line == nullptr || arc == nullptr || dist == nullptr || pl == nullptr || parl == nullptr ||
       pa == nullptr || anga == nullptr)
     return PA_INVALID;

@@ -12,9 +12,6 @@
 namespace polyarc {
 namespace {
 
-// sqrt of a radicand that rounding may have pushed to or below zero.
-double SafeRoot(double radicand) { return radicand > 0.0 ? std::sqrt(radicand) : 0.0; }
-
 // The single point of two touching circles, or false when they do not
 // touch. The outer touch is tested first, then circle 2 inside circle 1,
 // then circle 1 inside circle 2: a configuration in two bands takes the
@@ -115,8 +112,8 @@ extern "C" uint16_t GeIseLinLin(const GE_POINT *n1, double c1, const GE_POINT *n
   return IntersectLines(*n1, c1, *n2, c2, *p);
 }
 
-extern "C" uint16_t GeIseCirLin(const GE_POINT *centre, double radius, const GE_POINT *n,
-                                double c, GE_POINT *p1, GE_POINT *p2) {
+extern "C" uint16_t GeIseCirLin(const GE_POINT *centre, double radius, const GE_POINT *n, double c,
+                                GE_POINT *p1, GE_POINT *p2) {
   if (centre == nullptr || n == nullptr || p1 == nullptr || p2 == nullptr) return 0;
   return IntersectCircleLine(*centre, radius, *n, c, *p1, *p2);
 }

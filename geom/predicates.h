@@ -43,10 +43,16 @@ constexpr GE_POINT LineDirection(const LI_TAB_STRUCT &e) { return LeftNormal(e.m
 // for differences of two angles in (-pi, pi].
 constexpr double SweepOnce(double s) { return s < 0.0 ? s + kTwoPi : s; }
 
+// The angle swept from one angle to another travelling clockwise (type 3)
+// or counter-clockwise (any other type), in [0, 2pi).
+constexpr double SweepInSense(uint16_t type, double from, double to) {
+  return SweepOnce(type == LI_ARC_CW ? from - to : to - from);
+}
+
 // The angle an arc sweeps in its own sense of travel, in [0, 2pi). Equal
 // end angles give 0, so a full circle is not a full turn here.
 constexpr double TravelSweep(const LI_TAB_STRUCT &e) {
-  return SweepOnce(e.type == LI_ARC_CW ? e.ang_ap - e.ang_ep : e.ang_ep - e.ang_ap);
+  return SweepInSense(e.type, e.ang_ap, e.ang_ep);
 }
 
 // An angle in (-pi, pi] turned by half a turn, staying in (-pi, pi].
@@ -59,9 +65,14 @@ struct AngleRange {
   double hi;
 };
 
+// The angles passed travelling from one angle to another, clockwise for
+// type 3 and counter-clockwise otherwise.
+constexpr AngleRange RangeInSense(uint16_t type, double from, double to) {
+  return type == LI_ARC_CW ? AngleRange{to, from} : AngleRange{from, to};
+}
+
 constexpr AngleRange RangeOf(const LI_TAB_STRUCT &arc) {
-  return arc.type == LI_ARC_CW ? AngleRange{arc.ang_ep, arc.ang_ap}
-                               : AngleRange{arc.ang_ap, arc.ang_ep};
+  return RangeInSense(arc.type, arc.ang_ap, arc.ang_ep);
 }
 
 enum class Bounds { kInclusive, kStrict };

@@ -59,7 +59,9 @@ uint16_t TanSide(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b, uint16_t &side,
   return PA_OK;
 }
 
-bool Degenerate(const LI_TAB_STRUCT &e) { return CoincidePerAxis(e.ap, e.ep, Tol()); }
+bool Degenerate(const LI_TAB_STRUCT &e) {
+  return CoincidePerAxis(e.ap, e.ep, Tol());
+}
 
 bool EndsAt(const LI_TAB_STRUCT &line, GE_POINT centre) {
   const double tol = Tol();
@@ -120,14 +122,14 @@ void LineStretch(const LI_TAB_STRUCT &a, double s2, double e2, Ident &out) {
 // on a's circle, not clipped to a.
 void ArcStretch(const LI_TAB_STRUCT &a, double s2, double e2, Ident &out) {
   const AngleRange own = RangeOf(a);
-  const AngleRange other = a.type == LI_ARC_CW ? AngleRange{e2, s2} : AngleRange{s2, e2};
+  const AngleRange other = RangeInSense(a.type, s2, e2);
   const auto in = [](double angle, AngleRange r) {
     return AngleInRange(angle, r, Bounds::kInclusive, EqualEnds::kSingleAngle);
   };
   const bool start_side = in(s2, own) || in(a.ang_ap, other);
   const bool end_side = in(e2, own) || in(a.ang_ep, other);
   if (!start_side || !end_side) return;
-  const double sweep = SweepOnce(a.type == LI_ARC_CW ? s2 - e2 : e2 - s2);
+  const double sweep = SweepInSense(a.type, s2, e2);
   if (!(sweep * a.rad > Tol())) return;
   out.p1 = Polar(a.mp, a.rad, s2);
   out.p2 = Polar(a.mp, a.rad, e2);

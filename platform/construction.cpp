@@ -24,8 +24,7 @@ double SegmentFactor(double theta) {
 
 uint16_t CircleThrough(GE_POINT p1, GE_POINT p2, GE_POINT p3, GE_POINT &centre, double &radius) {
   const double tol = Tol();
-  if (CoincidePerAxis(p1, p2, tol) || CoincidePerAxis(p1, p3, tol) ||
-      CoincidePerAxis(p2, p3, tol))
+  if (CoincidePerAxis(p1, p2, tol) || CoincidePerAxis(p1, p3, tol) || CoincidePerAxis(p2, p3, tol))
     return PA_IMPOSSIBLE;
   const GE_POINT b = p2 - p1;
   const GE_POINT c = p3 - p1;
@@ -35,7 +34,8 @@ uint16_t CircleThrough(GE_POINT p1, GE_POINT p2, GE_POINT p3, GE_POINT &centre, 
   if (std::fabs(cross) < tol * longest) return PA_IMPOSSIBLE;
   const double bb = Norm2(b);
   const double cc = Norm2(c);
-  const GE_POINT offset{(c.y * bb - b.y * cc) / (2.0 * cross), (b.x * cc - c.x * bb) / (2.0 * cross)};
+  const GE_POINT offset{(c.y * bb - b.y * cc) / (2.0 * cross),
+                        (b.x * cc - c.x * bb) / (2.0 * cross)};
   centre = p1 + offset;
   radius = Norm(offset);
   return PA_OK;
@@ -62,7 +62,7 @@ double ArcArea(GE_POINT ap, GE_POINT ep, GE_POINT centre, double radius, uint16_
   const GE_POINT ve = ep - centre;
   // The turn from va to ve, then measured in the arc's sense.
   const double turn = std::atan2(Cross(va, ve), Dot(va, ve));
-  const double theta = SweepOnce(type == LI_ARC_CW ? -turn : turn);
+  const double theta = SweepInSense(type, 0.0, turn);
   return 0.5 * r2 * SegmentFactor(theta);
 }
 

@@ -102,10 +102,11 @@ POLYARC_EXTERN uint16_t GeIseLinLin(const GE_POINT *n1, double c1, const GE_POIN
                                     GE_POINT *p);
 
 /* Points of the circle (centre, |radius|) on the line n.p = c, in the
- * line's direction of travel (p1 has the smaller parameter). Returns their
- * number: 0 when the centre is tol or more beyond the radius; 1 (the foot
- * of the centre) in the tangent band |distance - r| < tol or when the chord
- * is no longer than tol; else 2. Both points are zeroed first. */
+ * line's direction of travel (p1 has the smaller parameter). With a the
+ * centre's distance from the line, returns their number: 0 when
+ * a >= r + tol; 1 (the foot of the centre) in the tangent band
+ * r - tol <= a < r + tol or when the chord is no longer than tol; else 2
+ * (0 if a math error was raised). Both points are zeroed first. */
 POLYARC_EXTERN uint16_t GeIseCirLin(const GE_POINT *centre, double radius, const GE_POINT *n,
                                     double c, GE_POINT *p1, GE_POINT *p2);
 
@@ -243,15 +244,16 @@ POLYARC_EXTERN uint16_t GeArcRound(const GE_POINT *p1, const GE_POINT *p2, const
  * sense 4 (counter-clockwise) or 3 for the travel in the order passed in;
  * PA_DEGENERATE gives GeArcRound and its status; other codes return as
  * they are. */
-POLYARC_EXTERN uint16_t GeArc3Points(const GE_POINT *p1, GE_POINT *p2, GE_POINT *p3, GE_POINT *centre,
-                                     double *radius, uint16_t *sense);
+POLYARC_EXTERN uint16_t GeArc3Points(const GE_POINT *p1, GE_POINT *p2, GE_POINT *p3,
+                                     GE_POINT *centre, double *radius, uint16_t *sense);
 
 /* Circle through three points in one plane z = p1.z: centre (z = p1.z),
  * radius and sense 4 when (p2 - p1) x (p3 - p1) > 0, else 3. Returns 0,
  * PA_INVALID when p2 or p3 is tol or more off p1's z, or the status of
  * GeCirByPtPtPt. */
-POLYARC_EXTERN uint16_t GeArcBy3Points(const GE_POINT3 *p1, const GE_POINT3 *p2, const GE_POINT3 *p3,
-                                       GE_POINT3 *centre, double *radius, uint16_t *sense);
+POLYARC_EXTERN uint16_t GeArcBy3Points(const GE_POINT3 *p1, const GE_POINT3 *p2,
+                                       const GE_POINT3 *p3, GE_POINT3 *centre, double *radius,
+                                       uint16_t *sense);
 
 /* Arc that leaves p2 along the direction p1 -> p2 and ends at p3: centre
  * (z = p1.z), radius, and sense 4 when (p2 - p1) x (p3 - p2) > 0, else 3.
@@ -264,8 +266,8 @@ POLYARC_EXTERN uint16_t GeArcByTang(const GE_POINT3 *p1, const GE_POINT3 *p2, co
  * end moved radially onto that circle (its z kept; an end exactly at the
  * centre stays where it is). Returns 0, or PA_INVALID when start or end is
  * tol or more off the centre's z (nothing written). */
-POLYARC_EXTERN uint16_t GeArcByCenter(const GE_POINT3 *centre, const GE_POINT3 *start, GE_POINT3 *end,
-                                      double *radius);
+POLYARC_EXTERN uint16_t GeArcByCenter(const GE_POINT3 *centre, const GE_POINT3 *start,
+                                      GE_POINT3 *end, double *radius);
 
 /* Segments needed so that no chord of an arc of the given sweep (radians,
  * either sign) and radius deviates from it by more than chord_tol:
@@ -293,8 +295,8 @@ POLYARC_EXTERN GE_POINT3 *GeArcToLinesSplitTw(const GE_POINT3 *start, const GE_P
  * buffer; with n = 1 only the end point. *out receives the buffer. Returns
  * 0, the memory service's status when the buffer cannot grow, or
  * PA_INVALID for n < 1 (*out null in both failure cases). */
-POLYARC_EXTERN uint16_t GeArcSplitLine(const GE_POINT3 *start, const GE_POINT3 *end, GE_POINT3 **out,
-                                       int32_t n);
+POLYARC_EXTERN uint16_t GeArcSplitLine(const GE_POINT3 *start, const GE_POINT3 *end,
+                                       GE_POINT3 **out, int32_t n);
 
 /* Does nothing and returns 0; kept for callers that still link to it. */
 POLYARC_EXTERN uint16_t GeArc3DAng(void);

@@ -37,6 +37,14 @@ int main(void) {
     check(GePointOn(kont, &pt, &par) == GE_INSIDE && par == 1.5, "GePointOn inside");
   }
   check(GeEpsiGetTol() == 5e-05, "default tolerance");
+  {
+    GE_POINT c1 = {0.0, 0.0}, c2 = {2.0, 0.0}, q1, q2;
+    GE_POINT3 a = {1.0, 0.0, 0.0}, b = {0.0, 1.0, 0.0}, m = {0.0, 0.0, 0.0};
+    uint16_t count = 0;
+    check(GeIseCirCir(&c1, 1.0, &c2, 1.0, &count, &q1, &q2) == PA_OK && count == 1,
+          "touching circles");
+    check(GeArcToLinesSplit(&a, &b, &m, LI_ARC_CCW, 3) != NULL, "arc-to-lines buffer");
+  }
 
   LiRemove(&store, &kont);
   check(kont == NULL, "LiRemove clears the handle");

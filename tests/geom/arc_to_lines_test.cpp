@@ -11,7 +11,9 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 const double kHalfRoot2 = std::sqrt(0.5);
 
-size_t Capacity(const GE_POINT3 *buffer) { return MemTestBlockBytes(buffer) / sizeof(GE_POINT3); }
+size_t Capacity(const GE_POINT3 *buffer) {
+  return MemTestBlockBytes(buffer) / sizeof(GE_POINT3);
+}
 
 void ExpectNear(GE_POINT3 p, double x, double y, double z) {
   EXPECT_NEAR(p.x, x, 1e-14);
@@ -99,7 +101,8 @@ TEST(PolylineBuffer, IsReusedAndNeverShrinks) {
   EXPECT_EQ(MemTestAllocCalls(), calls) << "no allocation within the capacity";
   EXPECT_EQ(Capacity(first), capacity);
 
-  const GE_POINT3 *grown = GeArcToLinesSplit(&a, &b, &c, LI_ARC_CCW, static_cast<uint32_t>(capacity) + 5);
+  const GE_POINT3 *grown =
+      GeArcToLinesSplit(&a, &b, &c, LI_ARC_CCW, static_cast<uint32_t>(capacity) + 5);
   ASSERT_NE(grown, nullptr);
   EXPECT_EQ(Capacity(grown), capacity + 5);
   EXPECT_EQ(GeArcToLinesSplit(&a, &b, &c, LI_ARC_CCW, 3), grown);

@@ -9,7 +9,9 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-GE_POINT At(GE_POINT c, double r, double a) { return {c.x + r * std::cos(a), c.y + r * std::sin(a)}; }
+GE_POINT At(GE_POINT c, double r, double a) {
+  return {c.x + r * std::cos(a), c.y + r * std::sin(a)};
+}
 
 TEST(Cross, LinesCrossOnceOrNotAtAll) {
   const LI_TAB_STRUCT a = Line({0, 0}, {2, 2}), b = Line({0, 2}, {2, 0}), c = Line({1, 1}, {3, 3});
@@ -192,8 +194,9 @@ TEST(CirCirTan, TangentsTouchBothCircles) {
     GE_POINT c2;
     double r2;
     int inner;
-  } cases[] = {{{0, 0}, 1, {4, 0}, 1, 0}, {{0, 0}, 1, {4, 0}, 1, 1}, {{1, 2}, 2, {-3, 5}, 0.5, 0},
-               {{1, 2}, 2, {-3, 5}, 0.5, 1}, {{0, 0}, 3, {5, 1}, 1, 0}, {{2, -1}, 1, {2, 6}, 4, 1}};
+  } cases[] = {{{0, 0}, 1, {4, 0}, 1, 0},    {{0, 0}, 1, {4, 0}, 1, 1},
+               {{1, 2}, 2, {-3, 5}, 0.5, 0}, {{1, 2}, 2, {-3, 5}, 0.5, 1},
+               {{0, 0}, 3, {5, 1}, 1, 0},    {{2, -1}, 1, {2, 6}, 4, 1}};
   for (const Case &c : cases) {
     GE_POINT n[2]{};
     double k[2]{};

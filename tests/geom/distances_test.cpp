@@ -10,7 +10,9 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-GE_POINT At(GE_POINT c, double r, double a) { return {c.x + r * std::cos(a), c.y + r * std::sin(a)}; }
+GE_POINT At(GE_POINT c, double r, double a) {
+  return {c.x + r * std::cos(a), c.y + r * std::sin(a)};
+}
 
 struct PairResult {
   double dist = -1;

@@ -51,6 +51,18 @@ TEST(Predicates, SweepsAndOppositeAngles) {
   cw.ang_ap = -3;
   cw.ang_ep = 3;
   EXPECT_DOUBLE_EQ(TravelSweep(cw), kTwoPi - 6);
+  EXPECT_EQ(SweepInSense(LI_ARC_CCW, 1, -1), kTwoPi - 2);
+  EXPECT_EQ(SweepInSense(LI_ARC_CW, 1, -1), 2);
+}
+
+TEST(Predicates, RangeInSenseRunsCounterClockwiseFromLoToHi) {
+  // Clockwise from 1 to -1 passes 0; counter-clockwise passes pi.
+  EXPECT_TRUE(
+      AngleInRange(0, RangeInSense(LI_ARC_CW, 1, -1), Bounds::kInclusive, EqualEnds::kSingleAngle));
+  EXPECT_TRUE(AngleInRange(3, RangeInSense(LI_ARC_CCW, 1, -1), Bounds::kInclusive,
+                           EqualEnds::kSingleAngle));
+  EXPECT_FALSE(AngleInRange(0, RangeInSense(LI_ARC_CCW, 1, -1), Bounds::kInclusive,
+                            EqualEnds::kSingleAngle));
 }
 
 }  // namespace

@@ -9,7 +9,9 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-GE_POINT At(GE_POINT c, double r, double a) { return {c.x + r * std::cos(a), c.y + r * std::sin(a)}; }
+GE_POINT At(GE_POINT c, double r, double a) {
+  return {c.x + r * std::cos(a), c.y + r * std::sin(a)};
+}
 
 TEST(TestTang, ConcentricTangentBandAndCollinear) {
   const GE_POINT o{0, 0};
@@ -61,7 +63,9 @@ TEST(TanSide, CurvatureDifferenceAgainstTheTolerance) {
   EXPECT_EQ(side, 0);
 }
 
-LI_TAB_STRUCT Rotated(double angle) { return Line({0, 0}, {std::cos(angle), std::sin(angle)}); }
+LI_TAB_STRUCT Rotated(double angle) {
+  return Line({0, 0}, {std::cos(angle), std::sin(angle)});
+}
 
 TEST(ElemTestParallel, FixedCosineLimitConcentricAndPointLike) {
   const LI_TAB_STRUCT x = Line({0, 0}, {1, 0});
@@ -71,8 +75,10 @@ TEST(ElemTestParallel, FixedCosineLimitConcentricAndPointLike) {
   EXPECT_EQ(GeElemTestParallel(&x, &back), 65535);
 
   const GE_POINT o{0, 0};
-  const LI_TAB_STRUCT a3 = Arc({1, 0}, {0, -1}, o, LI_ARC_CW), a4 = Arc({2, 0}, {0, 2}, o, LI_ARC_CCW);
-  const LI_TAB_STRUCT b4 = Arc({0, 3}, {-3, 0}, o, LI_ARC_CCW), off = Arc({2, 0}, {1, 1}, {1, 0}, LI_ARC_CCW);
+  const LI_TAB_STRUCT a3 = Arc({1, 0}, {0, -1}, o, LI_ARC_CW),
+                      a4 = Arc({2, 0}, {0, 2}, o, LI_ARC_CCW);
+  const LI_TAB_STRUCT b4 = Arc({0, 3}, {-3, 0}, o, LI_ARC_CCW),
+                      off = Arc({2, 0}, {1, 1}, {1, 0}, LI_ARC_CCW);
   EXPECT_EQ(GeElemTestParallel(&a3, &a4), 65535);
   EXPECT_EQ(GeElemTestParallel(&a4, &b4), 2);
   EXPECT_EQ(GeElemTestParallel(&a4, &off), 0);

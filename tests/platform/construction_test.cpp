@@ -70,8 +70,9 @@ TEST(ArcArea, MatchesTheSegmentFormulaInBothSenses) {
       EXPECT_NEAR(GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CCW), want, 1e-9 * want) << theta;
       EXPECT_NEAR(GeArcArea(&ap, &cw_ep, &c, r, LI_ARC_CW), want, 1e-9 * want) << theta;
       // The arc the other way round over the same chord completes the disc.
-      EXPECT_NEAR(GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CCW) + GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CW),
-                  kPi * r * r, 1e-12);
+      EXPECT_NEAR(
+          GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CCW) + GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CW),
+          kPi * r * r, 1e-12);
     }
   }
 }
