@@ -1,0 +1,154 @@
+// The subcommands of the program, their help texts and the dispatch.
+#include "cli.h"
+
+#include <ostream>
+
+#include "commands.h"
+#include "options.h"
+
+namespace polyarc_tool {
+namespace {
+
+struct Command {
+  const char *name;
+  const char *summary;
+  const char *help;
+  std::vector<OptionSpec> options;
+  int (*run)(const Options &options, std::ostream &out, std::ostream &err);
+};
+
+const char kOverview[] =
+    "polyarc: contours of lines and circular arcs, from the command line\n"
+    "\n"
+    "usage: polyarc COMMAND [OPTIONS] [FILE...]\n"
+    "       polyarc COMMAND --help\n"
+    "\n"
+    "commands:\n";
+
+const char kFormat[] =
+    "\n"
+    "Contour files hold one contour per block, blocks separated by a blank line,\n"
+    "one vertex per line: x y [bulge]. The bulge is tan(sweep/4) of the arc from\n"
+    "this vertex to the next, positive counter-clockwise; 0 (the default) is a\n"
+    "line. A closed contour's last vertex connects back to the first; 'open' as a\n"
+    "block's first line makes it open. '#' starts a comment. '-' reads standard\n"
+    "input.\n";
+
+const char kInfoHelp[] =
+    "usage: polyarc info [--json] FILE...\n"
+    "\n"
+    "Prints the measures of every contour in the files: its elements (lines,\n"
+    "arcs), whether it is closed, its orientation and signed area (counter-\n"
+    "clockwise positive; '-' for an open contour), its length and its bounding\n"
+    "box, in an aligned table.\n"
+    "\n"
+    "options:\n"
+    "  --json      the same as JSON, with numbers that read back exactly\n"
+    "  -h, --help  this text\n"
+    "\n"
+    "Exit status: 0 on success, 1 when a file cannot be read or is malformed\n"
+    "(the message gives the file and line; nothing is printed then), 2 for a\n"
+    "usage error.\n";
+
+const char kRenderHelp[] =
+    "usage: polyarc render FILE... -o OUT.svg [--marks] [--title TEXT] [--width PX]\n"
+    "\n"
+    "Draws the contours of the files into one SVG picture, each file in its own\n"
+    "colour, with a legend. Arcs are drawn as arcs, the y axis points up, and\n"
+    "the picture fits the contours' bounding box with a margin.\n"
+    "\n"
+    "options:\n"
+    "  -o, --output OUT.svg  where the picture goes ('-' for standard output)\n"
+    "  --marks               mark each contour's start point and direction\n"
+    "  --title TEXT          a title above the drawing\n"
+    "  --width PX            width of the picture in pixels (default 640)\n"
+    "  -h, --help            this text\n";
+
+const char kDemoHelp[] =
+    "usage: polyarc demo [-o DIR]\n"
+    "\n"
+    "Builds shapes with the library's own constructors (a rectangle, a rounded\n"
+    "rectangle, a circle, a contour of lines and arcs of both senses, an arc\n"
+    "split into a polyline), prints their measures, and writes the picture\n"
+    "DIR/demo.svg and the shapes as contour text in DIR/demo.txt.\n"
+    "\n"
+    "options:\n"
+    "  -o, --output DIR  the directory to write to (default: the current one;\n"
+    "                    created when missing)\n"
+    "  -h, --help        this text\n";
+
+const std::vector<Command> &Commands() {
+  static const std::vector<Command> commands = {
+      {"info", "measures of the contours in files", kInfoHelp, {{"json", 0, false}}, RunInfo},
+      {"render",
+       "draw contours into an SVG picture",
+       kRenderHelp,
+       {{"output", 'o', true}, {"marks", 0, false}, {"title", 0, true}, {"width", 0, true}},
+       RunRender},
+      {"demo",
+       "build shapes with the library, measure and draw them",
+       kDemoHelp,
+       {{"output", 'o', true}},
+       RunDemo},
+  };
+  return commands;
+}
+
+const Command *Find(const std::string &name) {
+  for (const Command &command : Commands()) {
+    if (name == command.name) return &command;
+  }
+  return nullptr;
+}
+
+void PrintOverview(std::ostream &out) {
+  out << kOverview;
+  for (const Command &command : Commands()) {
+    out << "  " << command.name << std::string(8 - std::string(command.name).size(), ' ')
+        << command.summary << '\n';
+  }
+  out << "\nRun 'polyarc COMMAND --help' for a command's options.\n" << kFormat;
+}
+
+}  // namespace
+
+int RunCli(const std::vector<std::string> &args, std::ostream &out, std::ostream &err) {
+  if (args.empty()) {
+    PrintOverview(err);
+    return kExitUsage;
+  }
+  const std::string &first = args[0];
+  if (first == "--help" || first == "-h" || first == "help") {
+    const Command *command = args.size() > 1 ? Find(args[1]) : nullptr;
+    if (command != nullptr) {
+      out << command->help;
+    } else {
+      PrintOverview(out);
+    }
+    return kExitOk;
+  }
+  if (first == "--version") {
+    out << "polyarc " << POLYARC_VERSION << '\n';
+    return kExitOk;
+  }
+  const Command *command = Find(first);
+  if (command == nullptr) {
+    err << "polyarc: unknown command '" << first << "' (see 'polyarc --help')\n";
+    return kExitUsage;
+  }
+  std::string error;
+  const auto options =
+      ParseOptions(std::vector<std::string>(args.begin() + 1, args.end()), command->options, error);
+  if (!options) {
+    err << "polyarc " << command->name << ": " << error << " (see 'polyarc " << command->name
+        << " --help')\n";
+    return kExitUsage;
+  }
+  if (options->help) {
+    out << command->help;
+    return kExitOk;
+  }
+  return command->run(*options, out, err);
+}
+
+}  // namespace polyarc_tool

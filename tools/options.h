@@ -1,0 +1,39 @@
+// Command-line options of the subcommands: "--name value", "--name=value",
+// "-x value", flags without a value, "--" before operands that begin with
+// a dash, and "-" as an operand (standard input or output).
+#pragma once
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace polyarc_tool {
+
+struct OptionSpec {
+  std::string name;  // long name without the dashes, e.g. "output"
+  char letter = 0;   // short form, e.g. 'o'; 0 for none
+  bool takes_value = false;
+};
+
+struct Options {
+  std::vector<std::string> operands;
+  std::map<std::string, std::string> values;  // by long name
+  std::set<std::string> flags;                // by long name
+  bool help = false;                          // --help or -h was given
+
+  bool Has(const std::string &name) const { return flags.count(name) || values.count(name); }
+  std::string Value(const std::string &name, const std::string &fallback = "") const {
+    const auto it = values.find(name);
+    return it == values.end() ? fallback : it->second;
+  }
+};
+
+// Parses args against the specs. Returns the options, or nullopt with a
+// message in error ("unknown option '--x'", "option '--output' needs a
+// value"). A repeated option keeps its last value.
+std::optional<Options> ParseOptions(const std::vector<std::string> &args,
+                                    const std::vector<OptionSpec> &specs, std::string &error);
+
+}  // namespace polyarc_tool
