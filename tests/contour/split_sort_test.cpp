@@ -64,21 +64,13 @@ TEST(SplitKont, BadNumbersAndPoints) {
 }
 
 TEST(SplitKont, UnderAllocationFailure) {
-  ForEachAllocationFailure([](InjectedFailure &failure) {
-    Store store;
-    LI_TAB_STRUCT *k = NumberedSquare(store.get());
-    LI_TAB_STRUCT *spare = TakeAllFree(store.get());
-    LI_TAB_STRUCT *one = nullptr, *two = nullptr;
-    const GE_POINT q1{1, 0}, q2{4, 3};
-    failure.Arm();
-    const uint16_t status = LiSplitKont(store.get(), &k, &one, &two, 1, &q1, 2, &q2);
-    failure.Disarm();
-    EXPECT_EQ(status, failure.Fired() ? PA_NO_RECORD : PA_OK);
-    if (failure.Fired()) {
-      EXPECT_DOUBLE_EQ(LiKontLen(k), 16);
-    }
-    EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, one, two, spare}));
-  });
+  const GE_POINT q1{1, 0}, q2{4, 3};
+  ExpectCleanAllocationFailures(
+      PA_NO_RECORD, [](LI_HEAD *head) { return Live{NumberedSquare(head)}; },
+      [&](LI_HEAD *head, Live &live) {
+        live.resize(4);
+        return LiSplitKont(head, &live[0], &live[2], &live[3], 1, &q1, 2, &q2);
+      });
 }
 
 // (0,0)->(1,0), (2,0)->(1,0), (1,0)->(3,0), in this order.

@@ -70,8 +70,10 @@ bool Owned(const std::vector<Block> &blocks, const LI_TAB_STRUCT *p) {
 
 }  // namespace
 
-testing::AssertionResult AllRecordsAccounted(const LI_HEAD &head,
-                                             std::initializer_list<const LI_TAB_STRUCT *> live) {
+namespace {
+
+testing::AssertionResult Audit(const LI_HEAD &head,
+                               const std::vector<const LI_TAB_STRUCT *> &live) {
   std::vector<Block> blocks;
   size_t total = 0;
   for (uint32_t i = 0; i < head.nblocks; ++i) {
@@ -102,6 +104,18 @@ testing::AssertionResult AllRecordsAccounted(const LI_HEAD &head,
                                        << " records are neither free nor in a live contour";
   }
   return testing::AssertionSuccess();
+}
+
+}  // namespace
+
+testing::AssertionResult AllRecordsAccounted(const LI_HEAD &head,
+                                             std::initializer_list<const LI_TAB_STRUCT *> live) {
+  return Audit(head, live);
+}
+
+testing::AssertionResult AllRecordsAccounted(const LI_HEAD &head,
+                                             const std::vector<LI_TAB_STRUCT *> &live) {
+  return Audit(head, {live.begin(), live.end()});
 }
 
 LI_TAB_STRUCT *TakeAllFree(LI_HEAD *head) {

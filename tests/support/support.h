@@ -58,6 +58,8 @@ std::vector<LI_TAB_STRUCT *> Elements(LI_TAB_STRUCT *k);
 // either in one of the given contours or on the free list, exactly once.
 testing::AssertionResult AllRecordsAccounted(const LI_HEAD &head,
                                              std::initializer_list<const LI_TAB_STRUCT *> live);
+testing::AssertionResult AllRecordsAccounted(const LI_HEAD &head,
+                                             const std::vector<LI_TAB_STRUCT *> &live);
 
 // Takes every free record of the store into one chain, so that the next
 // allocation has to grow the store. Count the chain as live in audits.
@@ -117,6 +119,31 @@ unsigned long ForEachRecordShortage(Body body) {
   }
   ADD_FAILURE() << "the operation never ran without running out of records";
   return 0;
+}
+
+// The contours a test holds: inputs that an operation may change, and
+// outputs that it adds.
+using Live = std::vector<LI_TAB_STRUCT *>;
+
+// Checks that an operation fails cleanly at every allocation it makes:
+// build(head) makes fresh inputs; op(head, live) runs the operation on
+// them, may change the handles and push its outputs, and returns its
+// status. Every run in which the injected failure was reached must give
+// failure_status; the last run must succeed; no run may lose a record.
+template <class Build, class Op>
+void ExpectCleanAllocationFailures(uint16_t failure_status, Build build, Op op) {
+  const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
+    Store store;
+    Live live = build(store.get());
+    live.push_back(TakeAllFree(store.get()));
+    failure.Arm();
+    const uint16_t status = op(store.get(), live);
+    failure.Disarm();
+    EXPECT_EQ(status, failure.Fired() ? failure_status : uint16_t{PA_OK})
+        << "with allocation " << failure.n() << " failing";
+    EXPECT_TRUE(AllRecordsAccounted(store.head(), live));
+  });
+  EXPECT_GT(failing, 0u) << "the operation never allocated";
 }
 
 }  // namespace polyarc_test
