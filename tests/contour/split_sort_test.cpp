@@ -36,7 +36,8 @@ TEST(SplitKont, TwoPiecesThatAddUpToTheContour) {
   for (const auto &row : rows) {
     LI_TAB_STRUCT *k = NumberedSquare(store.get());
     LI_TAB_STRUCT *one = nullptr, *two = nullptr;
-    ASSERT_EQ(LiSplitKont(store.get(), &k, &one, &two, row.num1, &row.q1, row.num2, &row.q2), PA_OK);
+    ASSERT_EQ(LiSplitKont(store.get(), &k, &one, &two, row.num1, &row.q1, row.num2, &row.q2),
+              PA_OK);
     EXPECT_EQ(k, nullptr);
     EXPECT_EQ(one->ap, row.q1);
     EXPECT_EQ(one->prev->ep, row.q2);
