@@ -10,31 +10,26 @@
 namespace polyarc_tool {
 namespace {
 
+using polyarc_test::InjectedFailure;
+
 TEST(Demo, AllocationFailureEndsTheDemoWithItsStatus) {
-  const std::filesystem::path dir = std::filesystem::path(testing::TempDir()) / "polyarc_demo_test";
   Options options;
-  options.values["output"] = dir.string();
+  options.values["output"] = testing::TempDir() + "polyarc_demo_test";
   std::ostringstream out, err;
   // The first run also grows the process-wide polyline buffer, which stays.
   ASSERT_EQ(RunDemo(options, out, err), kExitOk) << err.str();
   const unsigned long blocks = MemTestLiveBlocks();
-  const unsigned long runs =
-      polyarc_test::ForEachAllocationFailure([&](polyarc_test::InjectedFailure &failure) {
-        std::ostringstream run_out, run_err;
-        failure.Arm();
-        const int code = RunDemo(options, run_out, run_err);
-        failure.Disarm();
-        if (failure.Fired()) {
-          EXPECT_EQ(code, kExitFailure);
-          EXPECT_NE(run_err.str().find("failed: out of memory"), std::string::npos)
-              << run_err.str();
-        } else {
-          EXPECT_EQ(code, kExitOk);
-        }
-        EXPECT_EQ(MemTestLiveBlocks(), blocks) << "the demo's store is freed on every path";
-      });
-  EXPECT_GE(runs, 1u);
-  std::filesystem::remove_all(dir);
+  const auto runs = polyarc_test::ForEachAllocationFailure([&](InjectedFailure &failure) {
+    std::ostringstream run_out, run_err;
+    failure.Arm();
+    const int code = RunDemo(options, run_out, run_err);
+    failure.Disarm();
+    EXPECT_EQ(code, failure.Fired() ? kExitFailure : kExitOk);
+    EXPECT_EQ(failure.Fired(), run_err.str().find("failed: out of memory") != std::string::npos);
+    EXPECT_EQ(MemTestLiveBlocks(), blocks) << "the demo's store is freed on every path";
+  });
+  EXPECT_GT(runs, 0u);
+  std::filesystem::remove_all(options.values["output"]);
 }
 
 }  // namespace
