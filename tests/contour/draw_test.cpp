@@ -4,76 +4,56 @@
 namespace polyarc_test {
 namespace {
 
-// Lets a point be written in place where a pointer is taken.
-const GE_POINT *At(const GE_POINT &p) {
-  return &p;
-}
-
+// A move or draw onto the current end adds nothing.
 TEST(Draw, AMoveFollowedByADrawIsOneLine) {
   Store store;
-  LI_TAB_STRUCT *k = nullptr;
-  ASSERT_EQ(LiMove(store.get(), &k, At({0, 0})), PA_OK);
-  EXPECT_EQ(LiMove(store.get(), &k, At({0, 0})), PA_OK);  // onto the end: nothing added
-  ASSERT_EQ(LiDraw(store.get(), &k, At({3, 4})), PA_OK);
-  EXPECT_EQ(LiDraw(store.get(), &k, At({3, 4})), PA_OK);  // likewise
+  LI_TAB_STRUCT *k = nullptr, *empty = nullptr;
+  const GE_POINT o{0, 0}, p{3, 4}, q{1, 0};
+  for (const GE_POINT *to : {&o, &o}) ASSERT_EQ(LiMove(store.get(), &k, to), PA_OK);
+  for (const GE_POINT *to : {&p, &p}) ASSERT_EQ(LiDraw(store.get(), &k, to), PA_OK);
   ASSERT_EQ(Elements(k).size(), 1u);
   EXPECT_EQ(k->type, LI_LINE);
-  ASSERT_EQ(LiDraw(store.get(), &k, At({3, 0})), PA_OK);
-  EXPECT_EQ(k->next->ap, (GE_POINT{3, 4}));
-  ASSERT_EQ(LiMove(store.get(), &k, At({0, 0})), PA_OK);
-  ASSERT_EQ(LiMove(store.get(), &k, At({1, 0})), PA_OK);
-  EXPECT_EQ(Elements(k).size(), 4u) << "two moves to different points";
+  for (const GE_POINT *to : {&o, &q}) ASSERT_EQ(LiMove(store.get(), &k, to), PA_OK);
+  EXPECT_EQ(Elements(k).size(), 3u) << "two moves to different points";
+  EXPECT_EQ(LiDrawNew(store.get(), &k, &p, &p), PA_ZERO_LENGTH);
+  EXPECT_EQ(Elements(k).size(), 1u) << "the old contour is given back";
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
+  EXPECT_EQ(LiDraw(store.get(), &empty, &p), PA_INVALID);
+  EXPECT_EQ(LiArc(store.get(), &empty, &p, &p, 0), PA_INVALID);
+  EXPECT_EQ(LiDrawNew(nullptr, &empty, &p, &p), PA_NO_MEMORY) << "no store to take a record from";
 }
 
+// Any non-zero direction is clockwise; no full circle from the end to itself.
 TEST(Draw, ArcAcceptsHalfTolAndRefusesOneAndAHalfTol) {
   ToleranceScope tol(0.5);
   Store store;
   LI_TAB_STRUCT *k = Polyline(store.get(), {{4, 0}});
-  const GE_POINT centre{0, 0};
-  EXPECT_EQ(LiArc(store.get(), &k, At({0, 4.75}), &centre, 0), PA_INVALID);
-  ASSERT_EQ(LiArc(store.get(), &k, At({0, 4.25}), &centre, 0), PA_OK);
+  const GE_POINT centre{0, 0}, far{0, 4.75}, near{0, 4.25}, back{4, 0};
+  EXPECT_EQ(LiArc(store.get(), &k, &far, &centre, 0), PA_INVALID);
+  ASSERT_EQ(LiArc(store.get(), &k, &near, &centre, 0), PA_OK);
   ASSERT_EQ(Elements(k).size(), 1u) << "the move is reused";
   EXPECT_EQ(k->type, LI_ARC_CCW);
-  EXPECT_EQ(k->ap, (GE_POINT{4, 0}));
   EXPECT_EQ(k->rad, 4.125) << "the mean of both distances";
-  ASSERT_EQ(LiArc(store.get(), &k, At({4, 0}), &centre, -1), PA_OK);
-  EXPECT_EQ(k->next->type, LI_ARC_CW) << "any non-zero direction is clockwise";
-  EXPECT_EQ(LiArc(store.get(), &k, At({4, 0}), &centre, 1), PA_OK);
-  EXPECT_EQ(Elements(k).size(), 2u) << "no full circle from the end to itself";
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
+  ASSERT_EQ(LiArc(store.get(), &k, &back, &centre, -1), PA_OK);
+  EXPECT_EQ(k->next->type, LI_ARC_CW);
+  EXPECT_EQ(LiArc(store.get(), &k, &back, &centre, 1), PA_OK);
+  EXPECT_EQ(Elements(k).size(), 2u);
 }
 
-TEST(Draw, DrawNewReplacesTheContourAndBadArguments) {
-  Store store;
-  LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {1, 0}, {1, 1}}), *empty = nullptr;
-  const GE_POINT p{5, 5};
-  EXPECT_EQ(LiDrawNew(store.get(), &k, &p, &p), PA_ZERO_LENGTH);
-  EXPECT_EQ(Elements(k).size(), 1u);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
-  EXPECT_EQ(LiDraw(store.get(), nullptr, &p), PA_INVALID);
-  EXPECT_EQ(LiDraw(store.get(), &empty, &p), PA_INVALID);
-  EXPECT_EQ(LiArc(store.get(), &empty, &p, &p, 0), PA_INVALID);
-  EXPECT_EQ(LiMove(store.get(), &empty, nullptr), PA_INVALID);
-  EXPECT_EQ(LiDrawNew(nullptr, &empty, &p, &p), PA_NO_MEMORY) << "no store to take a record from";
-}
-
-// The store is emptied before LiDrawNew so that it has to grow again.
+// The store is emptied before each stroke that needs a record.
 TEST(Draw, EveryStrokeUnderAllocationFailure) {
-  ForEachAllocationFailure([](InjectedFailure &failure) {
-    Store store;
-    LI_TAB_STRUCT *k = nullptr, *single = nullptr, *spare = nullptr;
-    failure.Arm();
-    uint16_t status = LiMove(store.get(), &k, At({0, 0}));
-    if (status == PA_OK) status = LiDraw(store.get(), &k, At({2, 0}));
-    if (status == PA_OK) status = LiArc(store.get(), &k, At({0, 0}), At({1, 0}), 0);
-    if (status == PA_OK) {
-      spare = TakeAllFree(store.get());
-      status = LiDrawNew(store.get(), &single, At({0, 0}), At({2, 0}));
-    }
-    failure.Disarm();
-    EXPECT_EQ(status, failure.Fired() ? PA_NO_MEMORY : PA_OK);
-    EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, single, spare}));
+  const GE_POINT o{0, 0}, a{2, 0}, b{2, 2}, c{1, 1};
+  const auto build = [](LI_HEAD *) { return Live{nullptr, nullptr}; };
+  ExpectCleanAllocationFailures(PA_NO_MEMORY, build, [&](LI_HEAD *head, Live &live) {
+    uint16_t status = LiMove(head, &live[0], &o);
+    if (status == PA_OK) status = LiDraw(head, &live[0], &a);  // turns the move into a line
+    live.push_back(TakeAllFree(head));
+    if (status == PA_OK) status = LiDraw(head, &live[0], &b);
+    live.push_back(TakeAllFree(head));
+    if (status == PA_OK) status = LiArc(head, &live[0], &o, &c, 0);
+    live.push_back(TakeAllFree(head));
+    if (status == PA_OK) status = LiDrawNew(head, &live[1], &o, &a);
+    return status;
   });
 }
 
