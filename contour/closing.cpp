@@ -88,9 +88,8 @@ extern "C" uint16_t LiCloseKont(LI_HEAD *head, LI_TAB_STRUCT *k) {
 
 extern "C" uint16_t LiCloseKontToY0(LI_HEAD *head, LI_TAB_STRUCT *k) {
   if (k == nullptr) return PA_OK;
-  return CloseEveryGap(k, [head](LI_TAB_STRUCT *e, double tol) {
-    return CloseThroughAxis(head, e, tol);
-  });
+  return CloseEveryGap(
+      k, [head](LI_TAB_STRUCT *e, double tol) { return CloseThroughAxis(head, e, tol); });
 }
 
 extern "C" int LiCheckClosed(LI_TAB_STRUCT **kont) {

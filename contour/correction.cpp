@@ -21,8 +21,7 @@ uint16_t CorrectAlongTangent(LI_HEAD *head, LI_TAB_STRUCT **kont, GE_POINT p) {
     return LiElemExpand(e);
   }
   LI_TAB_STRUCT *line = nullptr;
-  if (const uint16_t status = NewExpandedLine(head, p, e->ap, line); status != PA_OK)
-    return status;
+  if (const uint16_t status = NewExpandedLine(head, p, e->ap, line); status != PA_OK) return status;
   SpliceBefore(e, line);
   *kont = line;
   return PA_OK;

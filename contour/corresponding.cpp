@@ -33,8 +33,7 @@ struct Walker {
 // taken out again on every path, failures included.
 class Sentinels {
  public:
-  Sentinels(LI_HEAD *head, LI_TAB_STRUCT **k1, LI_TAB_STRUCT **k2)
-      : head_(head), kont_{k1, k2} {}
+  Sentinels(LI_HEAD *head, LI_TAB_STRUCT **k1, LI_TAB_STRUCT **k2) : head_(head), kont_{k1, k2} {}
   Sentinels(const Sentinels &) = delete;
   Sentinels &operator=(const Sentinels &) = delete;
   ~Sentinels() {
@@ -97,7 +96,8 @@ uint16_t PairUp(LI_HEAD *head, Walker &one, Walker &two) {
     const bool one_lacks = !one.HasAhead(two.at->no);
     const bool two_lacks = !two.HasAhead(one.at->no);
     if (one_lacks == two_lacks) return PA_NOT_PAIRED;
-    const uint16_t status = one_lacks ? InsertPartner(head, one, two) : InsertPartner(head, two, one);
+    const uint16_t status =
+        one_lacks ? InsertPartner(head, one, two) : InsertPartner(head, two, one);
     if (status != PA_OK) return status;
   }
   return PA_OK;

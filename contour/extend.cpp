@@ -16,7 +16,8 @@ uint16_t ExtendStart(LI_HEAD *head, LI_TAB_STRUCT **kont, double len) {
     return LiElemExpand(first);
   }
   LI_TAB_STRUCT *line = nullptr;
-  if (const uint16_t status = NewExpandedLine(head, q, first->ap, line); status != PA_OK) return status;
+  if (const uint16_t status = NewExpandedLine(head, q, first->ap, line); status != PA_OK)
+    return status;
   SpliceBefore(first, line);
   *kont = line;
   return PA_OK;
@@ -32,7 +33,8 @@ uint16_t ExtendEnd(LI_HEAD *head, LI_TAB_STRUCT **kont, double len) {
     return LiElemExpand(last);
   }
   LI_TAB_STRUCT *line = nullptr;
-  if (const uint16_t status = NewExpandedLine(head, last->ep, q, line); status != PA_OK) return status;
+  if (const uint16_t status = NewExpandedLine(head, last->ep, q, line); status != PA_OK)
+    return status;
   SpliceAfter(last, line);
   return PA_OK;
 }

@@ -43,8 +43,7 @@ struct Stretch {
 // looked at once more after a full circuit. On that first look at k a p2 at
 // k's start does not count, so that p1 == p2 there spans the whole contour.
 Stretch FindStretch(const LI_TAB_STRUCT *k, const LI_TAB_STRUCT *e1, GE_POINT p2, GE_POINT q) {
-  const bool skip_first =
-      e1 == k && OnElem(*e1, p2) && CoincidePerAxis(p2, k->ap, Tol());
+  const bool skip_first = e1 == k && OnElem(*e1, p2) && CoincidePerAxis(p2, k->ap, Tol());
   Stretch s;
   const LI_TAB_STRUCT *e = e1;
   for (bool first = true;; first = false, e = e->next) {

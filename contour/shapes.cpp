@@ -15,9 +15,12 @@ struct Stroke {
 
 uint16_t Run(LI_HEAD *head, LI_TAB_STRUCT **kont, const Stroke &s) {
   switch (s.kind) {
-    case Stroke::kMove: return LiMove(head, kont, &s.to);
-    case Stroke::kDraw: return LiDraw(head, kont, &s.to);
-    default: return LiArc(head, kont, &s.to, &s.centre, 1);
+    case Stroke::kMove:
+      return LiMove(head, kont, &s.to);
+    case Stroke::kDraw:
+      return LiDraw(head, kont, &s.to);
+    default:
+      return LiArc(head, kont, &s.to, &s.centre, 1);
   }
 }
 
@@ -41,7 +44,7 @@ using namespace polyarc;
 extern "C" uint16_t LiCreateRect(LI_HEAD *head, LI_TAB_STRUCT **kont, double a, double b) {
   if (kont == nullptr) return PA_INVALID;
   const Stroke strokes[] = {
-      {Stroke::kMove, {-a, b}, {}}, {Stroke::kDraw, {a, b}, {}},   {Stroke::kDraw, {a, -b}, {}},
+      {Stroke::kMove, {-a, b}, {}},  {Stroke::kDraw, {a, b}, {}},  {Stroke::kDraw, {a, -b}, {}},
       {Stroke::kDraw, {-a, -b}, {}}, {Stroke::kDraw, {-a, b}, {}},
   };
   return DrawOutline(head, kont, strokes);
@@ -66,8 +69,7 @@ extern "C" uint16_t LiCreateRound(LI_HEAD *head, LI_TAB_STRUCT **kont, double a,
   return DrawOutline(head, kont, strokes);
 }
 
-extern "C" uint16_t LiCreateCircle(const GE_POINT *cen, double r, uint16_t dir,
-                                   LI_TAB_STRUCT *e) {
+extern "C" uint16_t LiCreateCircle(const GE_POINT *cen, double r, uint16_t dir, LI_TAB_STRUCT *e) {
   if (cen == nullptr || e == nullptr) return PA_INVALID;
   e->rad = r;
   e->mp = *cen;

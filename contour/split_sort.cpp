@@ -35,9 +35,7 @@ class Sorter {
     return false;
   }
 
-  bool Closed() const {
-    return CoincidePerAxis((*kont_)->prev->ep, (*kont_)->ap, Tol());
-  }
+  bool Closed() const { return CoincidePerAxis((*kont_)->prev->ep, (*kont_)->ap, Tol()); }
   LI_TAB_STRUCT *rest() const { return rest_; }
 
  private:

@@ -36,10 +36,18 @@ ArcBox ClockwiseArcBox(GE_POINT centre, double radius, GE_POINT p1, GE_POINT p2)
   if (crossed == 0 && Cross(v1, v2) > 0.0) crossed = 4;
   for (int i = 0, k = q1; i < crossed; ++i, k = (k + 3) % 4) {
     switch (k) {
-      case 0: box.max.x = centre.x + radius; break;
-      case 1: box.max.y = centre.y + radius; break;
-      case 2: box.min.x = centre.x - radius; break;
-      default: box.min.y = centre.y - radius; break;
+      case 0:
+        box.max.x = centre.x + radius;
+        break;
+      case 1:
+        box.max.y = centre.y + radius;
+        break;
+      case 2:
+        box.min.x = centre.x - radius;
+        break;
+      default:
+        box.min.y = centre.y - radius;
+        break;
     }
   }
   return box;

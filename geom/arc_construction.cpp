@@ -10,13 +10,9 @@
 namespace polyarc {
 namespace {
 
-GE_POINT Plane(const GE_POINT3 &p) {
-  return {p.x, p.y};
-}
+GE_POINT Plane(const GE_POINT3 &p) { return {p.x, p.y}; }
 
-uint16_t SenseOf(double turn) {
-  return turn > 0.0 ? LI_ARC_CCW : LI_ARC_CW;
-}
+uint16_t SenseOf(double turn) { return turn > 0.0 ? LI_ARC_CCW : LI_ARC_CW; }
 
 // Every point lies in the plane z = a.z within tol.
 bool SamePlane(const GE_POINT3 &a, const GE_POINT3 &b, const GE_POINT3 &c) {
@@ -158,6 +154,4 @@ extern "C" uint16_t GeArcByCenter(const GE_POINT3 *centre, const GE_POINT3 *star
   return ByCentre(*centre, *start, *end, *radius);
 }
 
-extern "C" uint16_t GeArc3DAng(void) {
-  return 0;
-}
+extern "C" uint16_t GeArc3DAng(void) { return 0; }

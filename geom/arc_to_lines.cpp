@@ -55,9 +55,7 @@ GE_POINT3 *SplitByStep(GE_POINT3 start, GE_POINT3 end, GE_POINT3 centre, uint32_
   return g_polyline;
 }
 
-bool Clockwise(uint16_t sense) {
-  return sense == LI_ARC_CW || sense == LI_CIRCLE_CW;
-}
+bool Clockwise(uint16_t sense) { return sense == LI_ARC_CW || sense == LI_CIRCLE_CW; }
 
 GE_POINT3 *SplitArc(GE_POINT3 start, GE_POINT3 end, GE_POINT3 centre, uint16_t sense, uint32_t n) {
   double step = 0.0;

@@ -10,9 +10,7 @@
 namespace polyarc {
 
 // sqrt of a radicand that rounding may have pushed to or below zero.
-inline double SafeRoot(double radicand) {
-  return radicand > 0.0 ? std::sqrt(radicand) : 0.0;
-}
+inline double SafeRoot(double radicand) { return radicand > 0.0 ? std::sqrt(radicand) : 0.0; }
 
 // The crossing of the lines n1.p = c1 and n2.p = c2 (unit normals).
 // PA_PARALLEL when the sine of their angle is below the fixed limit; the

@@ -81,7 +81,8 @@ enum class EqualEnds { kSingleAngle, kFullTurn };
 
 constexpr bool AngleInRange(double a, AngleRange r, Bounds bounds, EqualEnds equal) {
   const bool wraps = equal == EqualEnds::kFullTurn ? r.lo >= r.hi : r.lo > r.hi;
-  if (bounds == Bounds::kInclusive) return wraps ? (a >= r.lo || a <= r.hi) : (r.lo <= a && a <= r.hi);
+  if (bounds == Bounds::kInclusive)
+    return wraps ? (a >= r.lo || a <= r.hi) : (r.lo <= a && a <= r.hi);
   return wraps ? (a > r.lo || a < r.hi) : (r.lo < a && a < r.hi);
 }
 

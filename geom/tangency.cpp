@@ -59,9 +59,7 @@ uint16_t TanSide(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b, uint16_t &side,
   return PA_OK;
 }
 
-bool Degenerate(const LI_TAB_STRUCT &e) {
-  return CoincidePerAxis(e.ap, e.ep, Tol());
-}
+bool Degenerate(const LI_TAB_STRUCT &e) { return CoincidePerAxis(e.ap, e.ep, Tol()); }
 
 bool EndsAt(const LI_TAB_STRUCT &line, GE_POINT centre) {
   const double tol = Tol();

@@ -12,7 +12,7 @@ namespace {
 // Every block starts with its byte size; the payload follows at an offset
 // that keeps the strictest alignment.
 constexpr size_t kHeader = alignof(std::max_align_t) > sizeof(size_t) ? alignof(std::max_align_t)
-                                                                       : sizeof(size_t);
+                                                                      : sizeof(size_t);
 
 unsigned long g_calls = 0;
 unsigned long g_live = 0;

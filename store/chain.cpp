@@ -149,9 +149,13 @@ extern "C" uint16_t LiCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, LI_TAB_STRUC
   return *dst != nullptr ? PA_OK : PA_NO_RECORD;
 }
 
-extern "C" LI_TAB_STRUCT *LiSucc(const LI_TAB_STRUCT *e) { return e != nullptr ? e->next : nullptr; }
+extern "C" LI_TAB_STRUCT *LiSucc(const LI_TAB_STRUCT *e) {
+  return e != nullptr ? e->next : nullptr;
+}
 
-extern "C" LI_TAB_STRUCT *LiPred(const LI_TAB_STRUCT *e) { return e != nullptr ? e->prev : nullptr; }
+extern "C" LI_TAB_STRUCT *LiPred(const LI_TAB_STRUCT *e) {
+  return e != nullptr ? e->prev : nullptr;
+}
 
 extern "C" int LiCheck(const LI_TAB_STRUCT *k) {
   if (k == nullptr) return 0;

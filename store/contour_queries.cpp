@@ -39,8 +39,7 @@ extern "C" uint32_t LiCountElem(const LI_TAB_STRUCT *k) {
   return n;
 }
 
-extern "C" int LiUtVorNach(const LI_TAB_STRUCT *k, const LI_TAB_STRUCT *a,
-                           const LI_TAB_STRUCT *b) {
+extern "C" int LiUtVorNach(const LI_TAB_STRUCT *k, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b) {
   if (k == nullptr) return 1;
   const LI_TAB_STRUCT *e = k;
   do {

@@ -15,14 +15,10 @@ inline bool Coincide(GE_POINT a, GE_POINT b) {
   return std::fabs(a.x - b.x) < tol && std::fabs(a.y - b.y) < tol;
 }
 
-inline bool IsArc(const LI_TAB_STRUCT *e) {
-  return e->type == LI_ARC_CW || e->type == LI_ARC_CCW;
-}
+inline bool IsArc(const LI_TAB_STRUCT *e) { return e->type == LI_ARC_CW || e->type == LI_ARC_CCW; }
 
 // An arc whose ends coincide runs once round its whole circle.
-inline bool IsFullCircle(const LI_TAB_STRUCT *e) {
-  return IsArc(e) && Coincide(e->ap, e->ep);
-}
+inline bool IsFullCircle(const LI_TAB_STRUCT *e) { return IsArc(e) && Coincide(e->ap, e->ep); }
 
 // The point of e's circle opposite its start.
 inline GE_POINT OppositeOnCircle(const LI_TAB_STRUCT *e) {

@@ -31,9 +31,7 @@ constexpr double kArrowHalfWidth = 3.5;
 constexpr const char *kPalette[] = {"#1f77b4", "#d62728", "#2ca02c", "#ff7f0e", "#9467bd",
                                     "#8c564b", "#e377c2", "#17becf", "#7f7f7f", "#bcbd22"};
 
-const char *Colour(std::size_t i) {
-  return kPalette[i % std::size(kPalette)];
-}
+const char *Colour(std::size_t i) { return kPalette[i % std::size(kPalette)]; }
 
 // A pixel measure: six significant digits are plenty.
 std::string Px(double x) {
@@ -66,9 +64,7 @@ std::string Xml(const std::string &s) {
 }
 
 // A contour's path data ends with Z when it is closed.
-bool ClosedPath(const std::string &data) {
-  return !data.empty() && data.back() == 'Z';
-}
+bool ClosedPath(const std::string &data) { return !data.empty() && data.back() == 'Z'; }
 
 // ---- Path data ---------------------------------------------------------------
 

@@ -47,8 +47,8 @@ POLYARC_EXTERN uint16_t GePtOnElemUniformDistEpsi(const LI_TAB_STRUCT *e, const 
  * range: the foot and its distance, result 0. Within tol of the range (in
  * parameter): the end point and the distance to it, result 0. Otherwise
  * PA_NOT_ON (1) with both outputs zero. */
-POLYARC_EXTERN uint16_t GePtOnLine(const GE_POINT *p, const LI_TAB_STRUCT *line,
-                                   GE_POINT *nearest, double *dist);
+POLYARC_EXTERN uint16_t GePtOnLine(const GE_POINT *p, const LI_TAB_STRUCT *line, GE_POINT *nearest,
+                                   double *dist);
 
 /* Nearest point of the arc to p: the radial foot when p's angle is in the
  * range, else the nearer end (ap on a tie, angle output its stored angle).

@@ -68,8 +68,7 @@ POLYARC_EXTERN void LiChainPrev(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b);
 /* Cuts the run first..last (following next) out of its chain into a
  * circular chain of its own. *kont becomes the element that followed the
  * run, whatever it was before, or null when the run was the whole chain. */
-POLYARC_EXTERN void LiUnchainBlock(LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first,
-                                   LI_TAB_STRUCT *last);
+POLYARC_EXTERN void LiUnchainBlock(LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first, LI_TAB_STRUCT *last);
 
 /* LiUnchainBlock, then gives the run back to the free list with LiRemove. */
 POLYARC_EXTERN void LiDelBlock(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first,
@@ -96,13 +95,11 @@ POLYARC_EXTERN uint16_t LiEnlarge(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_ST
 /* Appends a copy of e to the contour *kont: geometric fields, attr_val,
  * attr_id and no are copied (derived fields are not recomputed), mark is
  * cleared. Returns 0 or PA_NO_MEMORY. */
-POLYARC_EXTERN uint16_t LiInsertElem2(LI_HEAD *head, LI_TAB_STRUCT **kont,
-                                      const LI_TAB_STRUCT *e);
+POLYARC_EXTERN uint16_t LiInsertElem2(LI_HEAD *head, LI_TAB_STRUCT **kont, const LI_TAB_STRUCT *e);
 
 /* As LiInsertElem2, but an element whose ends coincide within tol per axis
  * (whatever its type, so also a full circle) is skipped with status 0. */
-POLYARC_EXTERN uint16_t LiInsertElem(LI_HEAD *head, LI_TAB_STRUCT **kont,
-                                     const LI_TAB_STRUCT *e);
+POLYARC_EXTERN uint16_t LiInsertElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const LI_TAB_STRUCT *e);
 
 /* Copies the run first..last (following next; first == last copies one
  * element) into a new circular chain of whole-record copies and returns its

@@ -29,12 +29,12 @@
  * unsigned 16-bit value; 0 is success. Some codes carry more than one
  * meaning; the aliases name them so that code reads as what it means. */
 enum {
-  PA_OK = 0,            /* success, or nothing to do */
-  PA_NOT_ON = 1,        /* a result, not an error: not near, not on, outside the range */
-  PA_NO_RECORD = 1001,  /* no record for a copy or a cut piece; a table overflowed */
-  PA_NO_MEMORY = 1005,  /* the store cannot grow */
-  PA_IMPOSSIBLE = 1005, /* invalid content, failed search or impossible construction */
-  PA_LIST_FULL = 1017,  /* a number list or crossing list is full */
+  PA_OK = 0,             /* success, or nothing to do */
+  PA_NOT_ON = 1,         /* a result, not an error: not near, not on, outside the range */
+  PA_NO_RECORD = 1001,   /* no record for a copy or a cut piece; a table overflowed */
+  PA_NO_MEMORY = 1005,   /* the store cannot grow */
+  PA_IMPOSSIBLE = 1005,  /* invalid content, failed search or impossible construction */
+  PA_LIST_FULL = 1017,   /* a number list or crossing list is full */
   PA_ZERO_LENGTH = 2000, /* a line of zero length was expanded or constructed */
   PA_PARALLEL = 2011,    /* parallel lines have no intersection */
   PA_CONCENTRIC = 2014,  /* circles with coincident centres */
@@ -48,10 +48,10 @@ enum {
 /* Element types. 19 and 20 appear only as full-circle codes of the arc
  * construction and arc-to-lines functions. */
 enum {
-  LI_LINE = 1,      /* straight segment from ap to ep */
-  LI_MOVE = 2,      /* positioning element, not drawn */
-  LI_ARC_CW = 3,    /* clockwise arc */
-  LI_ARC_CCW = 4,   /* counter-clockwise arc */
+  LI_LINE = 1,    /* straight segment from ap to ep */
+  LI_MOVE = 2,    /* positioning element, not drawn */
+  LI_ARC_CW = 3,  /* clockwise arc */
+  LI_ARC_CCW = 4, /* counter-clockwise arc */
   LI_CIRCLE_CW = 19,
   LI_CIRCLE_CCW = 20
 };
@@ -127,11 +127,11 @@ typedef struct LI_HEAD {
 
 /* Position codes of a point on an element (GePointOn). */
 enum {
-  GE_AT_START = 1,  /* at ap, snapped to it */
-  GE_AT_END = 2,    /* at ep, snapped to it */
-  GE_INSIDE = 3,    /* strictly inside, or anywhere on a full circle */
-  GE_BEFORE = 4,    /* on the carrier before the start */
-  GE_BEYOND = 5     /* on the carrier beyond the end */
+  GE_AT_START = 1, /* at ap, snapped to it */
+  GE_AT_END = 2,   /* at ep, snapped to it */
+  GE_INSIDE = 3,   /* strictly inside, or anywhere on a full circle */
+  GE_BEFORE = 4,   /* on the carrier before the start */
+  GE_BEYOND = 5    /* on the carrier beyond the end */
 };
 
 /* An intersection point with its parameter and position code on each of

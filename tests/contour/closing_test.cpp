@@ -38,7 +38,8 @@ TEST(Closing, CloseKontBridgesEveryGap) {
 
 TEST(Closing, CloseKontToY0ReportsAVoidLineAlongTheAxis) {
   Store store;
-  LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {0, 3}});  // its gap runs straight down the y-axis
+  LI_TAB_STRUCT *k =
+      Polyline(store.get(), {{0, 0}, {0, 3}});  // its gap runs straight down the y-axis
   EXPECT_EQ(LiCloseKontToY0(store.get(), k), PA_ZERO_LENGTH);
   EXPECT_EQ(LiTestClosed(k), 1);
   EXPECT_EQ(LiCountElem(k), 2u) << "the void line is not kept";
@@ -53,10 +54,11 @@ TEST(Closing, CloseKontToY0GoesThroughTheAxis) {
   EXPECT_EQ(Vertices(k), (std::vector<GE_POINT>{
                              {2, 3}, {0, 3}, {0, 3}, {0, 0}, {0, 0}, {2, 0}, {2, 0}, {2, 3}}));
 
-  LI_TAB_STRUCT *low = Polyline(store.get(), {{6, 0.25}, {9, 4}});  // the gap ends 0.25 off the axis
+  LI_TAB_STRUCT *low =
+      Polyline(store.get(), {{6, 0.25}, {9, 4}});  // the gap ends 0.25 off the axis
   EXPECT_EQ(LiCloseKontToY0(store.get(), low), PA_OK);
-  EXPECT_EQ(Vertices(low), (std::vector<GE_POINT>{
-                               {6, 0.25}, {9, 4}, {9, 4}, {9, 0}, {9, 0}, {6, 0.25}}));
+  EXPECT_EQ(Vertices(low),
+            (std::vector<GE_POINT>{{6, 0.25}, {9, 4}, {9, 4}, {9, 0}, {9, 0}, {6, 0.25}}));
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, low}));
 }
 
