@@ -85,22 +85,6 @@ TEST(Chain, InsertElemSkipsZeroLengthElementsAndInsertElem2DoesNot) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
 }
 
-TEST(Chain, CopyBlockCopiesWholeRecordsOfARun) {
-  Store store;
-  LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}});
-  Chain e = Elements(k);
-  e[1]->mark = 1;
-  LI_TAB_STRUCT *copy = LiCopyBlock(store.get(), e[1], e[2]);
-  Chain c = Elements(copy);
-  ASSERT_EQ(c.size(), 2u);
-  EXPECT_EQ(c[0]->ap, (GE_POINT{1, 0}));
-  EXPECT_EQ(c[1]->ep, (GE_POINT{3, 0}));
-  EXPECT_EQ(c[0]->mark, 1);
-  LI_TAB_STRUCT *one = LiCopyBlock(store.get(), e[3], e[3]);
-  EXPECT_EQ(Elements(one), Chain{one});
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, copy, one}));
-}
-
 TEST(Chain, CopiesUnderAllocationFailureLoseNothing) {
   // 300 elements: the copy needs two new blocks, and the second fails half way.
   auto build = [](LI_HEAD *head) {
@@ -121,7 +105,7 @@ TEST(Chain, CopiesUnderAllocationFailureLoseNothing) {
   });
 }
 
-TEST(Chain, CopyIntoExistingChainsNeedsEqualLengths) {
+TEST(Chain, CopiesOfRunsAndIntoExistingChainsOfEqualLength) {
   Store store;
   LI_TAB_STRUCT *src = Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}});
   LI_TAB_STRUCT *same = Polyline(store.get(), {{9, 9}, {8, 8}, {7, 7}});
@@ -140,7 +124,11 @@ TEST(Chain, CopyIntoExistingChainsNeedsEqualLengths) {
   LI_TAB_STRUCT *dst = nullptr;
   EXPECT_EQ(LiCopy(store.get(), shorter, &dst), PA_OK);
   EXPECT_EQ(Elements(dst), Chain{dst}) << "a one-element copy points to itself";
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {src, same, longer, shorter, dst}));
+  src->next->mark = 1;
+  LI_TAB_STRUCT *run = LiCopyBlock(store.get(), src->next, src->next);
+  EXPECT_EQ(Elements(run), Chain{run});
+  EXPECT_EQ(run->mark, 1) << "whole records are copied";
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {src, same, longer, shorter, dst, run}));
 }
 
 TEST(Chain, CheckFindsEveryKindOfBrokenLink) {
@@ -162,9 +150,7 @@ TEST(Chain, CheckValidRejectsMovesAndNegativeRadii) {
   ToleranceScope tol(0.5);
   Store store;
   EXPECT_EQ(LiCheckValid(nullptr), PA_OK);
-  LI_TAB_STRUCT *k = nullptr;
-  const GE_POINT o{0, 0};
-  ASSERT_EQ(LiMove(store.get(), &k, &o), PA_OK);
+  LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {0, 0}});  // a lone move
   EXPECT_EQ(LiCheckValid(k), PA_IMPOSSIBLE);
   k->type = LI_ARC_CCW;
   k->rad = -0.25;  // -tol/2
