@@ -1,6 +1,6 @@
-// Point-element and element-element distances: the direct nearest pair
-// when it lies on both elements, else the end-point fallbacks with their
-// tie rules.
+// Point-element and element-element distances with their end-point
+// fallbacks and tie rules, and the bounding box of an arc.
+#include <algorithm>
 #include <cmath>
 #include <tuple>
 
@@ -16,90 +16,103 @@ using PointFn = uint16_t (*)(const GE_POINT *, const LI_TAB_STRUCT *, double *, 
 using PairFn = uint16_t (*)(const LI_TAB_STRUCT *, const LI_TAB_STRUCT *, double *, GE_POINT *,
                             double *, GE_POINT *, double *);
 
-void ExpectNear(GE_POINT got, GE_POINT want) {
-  EXPECT_NEAR(got.x, want.x, 1e-15) << want;
-  EXPECT_NEAR(got.y, want.y, 1e-15) << want;
-}
+const auto gap = [](GE_POINT a, GE_POINT b) { return std::hypot(a.x - b.x, a.y - b.y); };
 
-// The parameter of a point on the element's carrier: t = p.d, or its angle.
-double ParOf(const LI_TAB_STRUCT &e, GE_POINT p) {
-  if (e.type == LI_LINE) return p.x * e.tan_ap.x + p.y * e.tan_ap.y;
-  return std::atan2(p.y - e.mp.y, p.x - e.mp.x);
-}
-
-TEST(PointDistance, FootInRangeElseTheNearerEndAndTheStartOnATie) {
-  const LI_TAB_STRUCT line = Line({0, 0}, {2, 0});
-  const LI_TAB_STRUCT upper = Arc({1, 0}, {-1, 0}, {0, 0}, LI_ARC_CCW);
-  const std::tuple<PointFn, const LI_TAB_STRUCT *, GE_POINT, double, GE_POINT, double> cases[] = {
-      {GePtDrawDist, &line, {1, 3}, 3, {1, 0}, 1},
-      {GePtDrawDist, &line, {-1, 1}, std::sqrt(2.0), {0, 0}, 0},
-      {GePtDrawDist, &line, {5, -4}, 5, {2, 0}, 2},
-      {GePtArcDist, &upper, {0, 3}, 2, {0, 1}, kPi / 2},
-      {GePtArcDist, &upper, {0, -3}, std::sqrt(10.0), {1, 0}, 0},  // equidistant from both ends
-  };
-  for (auto [fn, e, p, want_dist, want_nearest, want_par] : cases) {
+TEST(PointToElement, FootInRangeElseTheNearerEndAndTheStartOnATie) {
+  ToleranceScope tol(0.5);
+  const LI_TAB_STRUCT line = Line({0, 0}, {2, 0}), upper = Arc({1, 0}, {-1, 0}, {0, 0}, LI_ARC_CCW);
+  // {function, element, point, status, distance, nearest point, parameter}
+  const std::tuple<PointFn, const LI_TAB_STRUCT *, GE_POINT, uint16_t, double, GE_POINT, double>
+      cases[] = {
+          {GePtDrawDist, &line, {1, 3}, PA_OK, 3, {1, 0}, 1},
+          {GePtDrawDist, &line, {-1, 1}, PA_OK, std::sqrt(2.0), {0, 0}, 0},
+          {GePtDrawDist, &line, {5, -4}, PA_OK, 5, {2, 0}, 2},
+          {GePtArcDist, &upper, {0, 3}, PA_OK, 2, {0, 1}, kPi / 2},
+          {GePtArcDist, &upper, {0, -3}, PA_OK, std::sqrt(10.0), {1, 0}, 0},  // equidistant ends
+          {GePtOnArc, &upper, {0, 3}, PA_NOT_ON, 2, {0, 1}, kPi / 2},
+          {GePtOnArc, &upper, {0, 1.25}, PA_OK, 0.25, {0, 1}, kPi / 2},
+      };
+  for (auto [fn, e, p, status, want_dist, want_nearest, want_par] : cases) {
     double dist = -1, par = -1;
     GE_POINT nearest{9, 9};
-    EXPECT_EQ(fn(&p, e, &dist, &nearest, &par), PA_OK);
-    EXPECT_DOUBLE_EQ(dist, want_dist) << p;
-    ExpectNear(nearest, want_nearest);
-    EXPECT_DOUBLE_EQ(par, want_par) << p;
+    EXPECT_EQ(fn(&p, e, &dist, &nearest, &par), status) << p;
+    EXPECT_EQ(std::make_tuple(dist, par), std::make_tuple(want_dist, want_par)) << p;
+    EXPECT_NEAR(gap(nearest, want_nearest), 0, 1e-15) << p;
   }
+  const GE_POINT close{2.25, 3}, far{2.5, 3}, p{1, 3};
+  GE_POINT nearest{9, 9};
+  double dist = 9;
+  EXPECT_EQ(GePtOnLine(&close, &line, &nearest, &dist), PA_OK) << "within tol of the end";
+  EXPECT_EQ(nearest, (GE_POINT{2, 0}));
+  EXPECT_DOUBLE_EQ(dist, std::hypot(0.25, 3));
+  EXPECT_EQ(GePtOnLine(&far, &line, &nearest, &dist), PA_NOT_ON);
+  EXPECT_EQ(std::make_tuple(nearest, dist), std::make_tuple(GE_POINT{0, 0}, 0.0)) << "zeroed";
   LI_TAB_STRUCT move = line;  // only type 1 is measured as a segment
   move.type = LI_MOVE;
-  const GE_POINT p{1, 3};
-  GE_POINT nearest{};
-  double dist = 0;
   GePtElemDist(&move, &p, &nearest, &dist);
   EXPECT_DOUBLE_EQ(dist, std::hypot(1, 4)) << "| |p - mp| - rad | with the normal in mp";
+  EXPECT_EQ(GePtOnLine(&p, nullptr, &nearest, &dist), PA_INVALID);
 }
 
 TEST(ElementDistance, DirectPairOrEndPointsWithTheEarlierCandidateOnTies) {
-  const GE_POINT o{0, 0}, m{5, 0};
-  const LI_TAB_STRUCT upper = Arc({1, 0}, {-1, 0}, o, LI_ARC_CCW);
-  const LI_TAB_STRUCT lower = Arc({-1, 0}, {1, 0}, o, LI_ARC_CCW);
-  const LI_TAB_STRUCT right = Arc({0, -1}, {0, 1}, o, LI_ARC_CCW);
-  const LI_TAB_STRUCT inner = Arc({0.5, 0}, {-0.5, 0}, o, LI_ARC_CCW);
-  const LI_TAB_STRUCT facing = Arc({5, 2}, {5, -2}, m, LI_ARC_CCW);
-  const LI_TAB_STRUCT away = Arc({5, -2}, {5, 2}, m, LI_ARC_CCW);
-  const LI_TAB_STRUCT overlap = Arc({1.5, 1}, {1.5, -1}, {1.5, 0}, LI_ARC_CCW);
-  const double s29 = std::sqrt(29.0), s13 = std::sqrt(3.25);
+  const GE_POINT o{0, 0}, m{5, 0}, c{1.5, 0};
+  const LI_TAB_STRUCT up = Arc({1, 0}, {-1, 0}, o, LI_ARC_CCW), y2 = Line({-3, 2}, {3, 2});
+  const LI_TAB_STRUCT right = Arc({0, -1}, {0, 1}, o, LI_ARC_CCW),
+                      away = Arc({5, -2}, {5, 2}, m, LI_ARC_CCW);
+  const LI_TAB_STRUCT overlap = Arc({1.5, 1}, {1.5, -1}, c, LI_ARC_CCW);
+  const double s29 = std::sqrt(29.0), s13 = std::sqrt(3.25), h = std::sqrt(0.5);
+  // Ties keep the earlier candidate; crossing segments are not at 0; a cutting line, a foot or
+  // an angle off the element, and concentric or overlapping circles fall back to end points.
   const std::tuple<PairFn, LI_TAB_STRUCT, LI_TAB_STRUCT, double, GE_POINT, GE_POINT> cases[] = {
       {GeDrawDrawDist, Line({0, 0}, {1, 0}), Line({0, 1}, {1, 1}), 1, {0, 0}, {0, 1}},
-      {GeDrawDrawDist,
-       Line({0, 0}, {2, 2}),
-       Line({0, 1}, {3, 1}),
-       std::sqrt(0.5),
-       {0.5, 0.5},
-       {0, 1}},  // crossing: not 0
-      {GeDrawArcDist, Line({-3, 2}, {3, 2}), upper, 1, {0, 2}, {0, 1}},
-      {GeDrawArcDist, Line({3, 2}, {-3, 2}), upper, 1, {0, 2}, {0, 1}},
-      {GeDrawArcDist, Line({-3, 0.5}, {3, 0.5}), upper, 0.5, {1, 0.5}, {1, 0}},  // cutting
-      {GeDrawArcDist,
-       Line({2, 2}, {4, 2}),
-       upper,
-       std::sqrt(8.0) - 1,
-       {2, 2},
-       {std::sqrt(0.5), std::sqrt(0.5)}},  // foot outside the segment
-      {GeDrawArcDist, Line({-3, 2}, {3, 2}), lower, 2, {-1, 2}, {-1, 0}},
-      {GeArcArcDist, right, facing, 2, {1, 0}, {3, 0}},
+      {GeDrawDrawDist, Line({0, 0}, {2, 2}), Line({0, 1}, {3, 1}), h, {0.5, 0.5}, {0, 1}},
+      {GeDrawArcDist, y2, up, 1, {0, 2}, {0, 1}},
+      {GeDrawArcDist, Line({-3, 0.5}, {3, 0.5}), up, 0.5, {1, 0.5}, {1, 0}},
+      {GeDrawArcDist, Line({2, 2}, {4, 2}), up, std::sqrt(8.0) - 1, {2, 2}, {h, h}},
+      {GeDrawArcDist, y2, Arc({-1, 0}, {1, 0}, o, LI_ARC_CCW), 2, {-1, 2}, {-1, 0}},
+      {GeArcArcDist, right, Arc({5, 2}, {5, -2}, m, LI_ARC_CCW), 2, {1, 0}, {3, 0}},
       {GeArcArcDist, right, away, s29 - 1, {5 / s29, -2 / s29}, {5, -2}},
-      {GeArcArcDist, right, inner, 0.5, {0, 1}, {0, 0.5}},  // concentric
+      {GeArcArcDist, right, Arc({0.5, 0}, {-0.5, 0}, o, LI_ARC_CCW), 0.5, {0, 1}, {0, 0.5}},
       {GeArcArcDist, right, overlap, s13 - 1, {0, -1}, {1.5 - 1.5 / s13, -1 / s13}},
+  };
+  const auto par_of = [](const LI_TAB_STRUCT &e, GE_POINT p) {
+    if (e.type == LI_LINE) return p.x * e.tan_ap.x + p.y * e.tan_ap.y;
+    return std::atan2(p.y - e.mp.y, p.x - e.mp.x);
   };
   for (const auto &[fn, a, b, want_dist, want1, want2] : cases) {
     double dist = -1, par1 = 0, par2 = 0;
     GE_POINT p1{9, 9}, p2{9, 9};
     EXPECT_EQ(fn(&a, &b, &dist, &p1, &par1, &p2, &par2), PA_OK);
     EXPECT_DOUBLE_EQ(dist, want_dist) << want1 << want2;
-    ExpectNear(p1, want1);
-    ExpectNear(p2, want2);
-    EXPECT_NEAR(par1, ParOf(a, p1), 1e-15) << "each point carries its own parameter";
-    EXPECT_NEAR(par2, ParOf(b, p2), 1e-15);
+    EXPECT_NEAR(gap(p1, want1) + gap(p2, want2), 0, 1e-15) << want1 << want2;
+    EXPECT_NEAR(std::fabs(par1 - par_of(a, p1)) + std::fabs(par2 - par_of(b, p2)), 0, 1e-15)
+        << "each point carries its own parameter";
   }
-  double d = 0;
-  GE_POINT p{};
-  EXPECT_EQ(GeArcArcDist(nullptr, &upper, &d, &p, &d, &p, &d), PA_INVALID);
+}
+
+TEST(ArcRect, MatchesSampledPointsForEveryQuarterAndSense) {
+  GE_POINT lo{}, hi{};
+  const GE_POINT c{3, -2};  // every start in steps of pi / 7 against sweeps in both senses
+  const double r = 2.5;
+  const int n = 20000;
+  const auto at = [&](double a) { return GE_POINT{c.x + r * std::cos(a), c.y + r * std::sin(a)}; };
+  for (double start = -kPi + 0.05; start < kPi; start += kPi / 7) {
+    for (double sweep : {0.01, 0.4, 1.6, 2.9, 3.3, 4.8, 5.5, 6.2, -0.01, -0.4, -1.6, -2.9, -3.3,
+                         -4.8, -5.5, -6.2}) {
+      GE_POINT want_lo = at(start), want_hi = want_lo;
+      for (int i = 1; i <= n; ++i) {
+        const GE_POINT p = at(start + sweep * i / n);
+        want_lo = {std::min(want_lo.x, p.x), std::min(want_lo.y, p.y)};
+        want_hi = {std::max(want_hi.x, p.x), std::max(want_hi.y, p.y)};
+      }
+      GE_POINT a = at(start), b = at(start + sweep);
+      EXPECT_EQ(GeArcRect(&c, r, sweep < 0 ? 1 : 0, &a, &b, &lo, &hi), &hi);
+      EXPECT_NEAR(std::max({std::fabs(lo.x - want_lo.x), std::fabs(lo.y - want_lo.y),
+                            std::fabs(hi.x - want_hi.x), std::fabs(hi.y - want_hi.y)}),
+                  0, r * (1 - std::cos(sweep / n)) + 1e-12)
+          << start << " " << sweep;
+    }
+  }
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
-// Carrier intersections of lines and circles, with their tangent bands
-// made exact by a binary tolerance.
+// Carrier intersections with their tangent bands, crossings of elements with
+// end-point snapping, the quick crossing tests, and common tangents.
+#include <algorithm>
 #include <cmath>
 #include <tuple>
+#include <vector>
 
 #include "support/support.h"
 
@@ -11,75 +13,171 @@ namespace {
 // The horizontal line y = k travelling in +x: normal (0, -1), c = -k.
 constexpr GE_POINT kDown{0, -1}, kO{0, 0};
 
-TEST(IseLinLin, CrossingAndTheFixedParallelLimit) {
-  const GE_POINT vertical{1, 0};  // x = 2
-  GE_POINT p{9, 9};
-  EXPECT_EQ(GeIseLinLin(&kDown, 0, &vertical, 2, &p), PA_OK);
-  EXPECT_NEAR(p.x, 2, 1e-15);
-  EXPECT_NEAR(p.y, 0, 1e-15);
-  ToleranceScope tol(0.5);  // the limit on |n1 x n2| ignores the tolerance
-  const GE_POINT almost{4e-09, -1}, steeper{6e-09, -1};
-  p = {9, 9};
-  EXPECT_EQ(GeIseLinLin(&kDown, 0, &almost, 1, &p), PA_PARALLEL);
-  EXPECT_EQ(p, (GE_POINT{9, 9})) << "not written when parallel";
-  EXPECT_EQ(GeIseLinLin(&kDown, 0, &steeper, 1, &p), PA_OK);
-}
+const auto gap = [](GE_POINT a, GE_POINT b) { return std::hypot(a.x - b.x, a.y - b.y); };
+const auto at = [](GE_POINT c, double r, double a) {
+  return GE_POINT{c.x + r * std::cos(a), c.y + r * std::sin(a)};
+};
 
 TEST(IseCirLin, TangentBandAndOrderAlongTheLine) {
   ToleranceScope tol(0.25);
-  // {radius, k, count, point 1}
-  const std::tuple<double, double, uint16_t, GE_POINT> cases[] = {
-      {1, 1.25, 0, {0, 0}},       // a = r + tol misses
-      {1, 1.125, 1, {0, 1.125}},  // the foot of the centre
-      {1, 0.875, 1, {0, 0.875}},  // r - tol/2: still one point
-      {-1, 0.75, 1, {0, 0.75}},   // a = |r| - tol is in the band
-      {1, 0.6, 2, {-0.8, 0.6}},   // the smaller parameter first
-  };
-  for (auto [r, k, count, want] : cases) {
+  const GE_POINT up{0, 1};  // y = 0.6 travelling in -x
+  // {radius, line normal, c, count, point 1}: a = r + tol misses; r + tol / 2 gives the foot of
+  // the centre; a = |r| - tol is still in the band; then the smaller parameter first.
+  const std::tuple<double, GE_POINT, double, uint16_t, GE_POINT> cases[] = {
+      {1, kDown, -1.25, 0, {0, 0}},
+      {1, kDown, -1.125, 1, {0, 1.125}},
+      {-1, kDown, -0.75, 1, {0, 0.75}},
+      {1, kDown, -0.6, 2, {-0.8, 0.6}},
+      {1, up, 0.6, 2, {0.8, 0.6}}};
+  for (auto [r, n, c, count, want] : cases) {
     GE_POINT p1{9, 9}, p2{9, 9};
-    EXPECT_EQ(GeIseCirLin(&kO, r, &kDown, -k, &p1, &p2), count) << k;
-    EXPECT_NEAR(p1.x, want.x, 1e-15) << k;
-    EXPECT_NEAR(p1.y, want.y, 1e-15) << k;
-    EXPECT_NEAR(p2.x, count == 2 ? 0.8 : 0, 1e-15) << k;
+    EXPECT_EQ(GeIseCirLin(&kO, r, &n, c, &p1, &p2), count) << c;
+    EXPECT_NEAR(gap(p1, want), 0, 1e-15) << c;
+    EXPECT_NEAR(p2.x, count == 2 ? -want.x : 0, 1e-15) << c;
   }
-  const GE_POINT up{0, 1};  // the same line travelling in -x
-  GE_POINT p1{}, p2{};
-  ASSERT_EQ(GeIseCirLin(&kO, 1, &up, 0.6, &p1, &p2), 2);
-  EXPECT_NEAR(p1.x, 0.8, 1e-15) << "the first point comes first along the line";
 }
 
-TEST(IseCirCir, CrossingLeftPointFirst) {
-  const GE_POINT c2{1, 0};
-  uint16_t n = 9;
-  GE_POINT p1{}, p2{};
-  EXPECT_EQ(GeIseCirCir(&kO, 1, &c2, -1, &n, &p1, &p2), PA_OK);
-  ASSERT_EQ(n, 2);
-  EXPECT_NEAR(p1.x, 0.5, 1e-15);
-  EXPECT_NEAR(p1.y, std::sqrt(0.75), 1e-15) << "left of c1 -> c2";
-  EXPECT_NEAR(p2.y, -std::sqrt(0.75), 1e-15);
-  EXPECT_EQ(GeIseCirCir(nullptr, 3, &c2, 1, &n, &p1, &p2), PA_INVALID);
-}
-
-TEST(IseCirCir, TouchingStepsInTheirOrderConcentricAndApart) {
+TEST(IseCirCir, TouchingStepsInTheirOrderCrossingConcentricAndApart) {
   // {tol, r1, c2, r2, status, count, point 1}; circle 1 is about the origin.
   const std::tuple<double, double, GE_POINT, double, uint16_t, uint16_t, GE_POINT> cases[] = {
-      {0.25, 1, {2, 0}, 1, PA_OK, 1, {1, 0}},
       {0.25, 1, {2.25, 0}, 1, PA_OK, 1, {1.125, 0}},      // outer band, upper edge
-      {0.25, 1, {1.75, 0}, 1, PA_OK, 1, {0.875, 0}},      // lower edge
       {0.25, 2, {1, 0}, 1, PA_OK, 1, {2, 0}},             // circle 2 inside circle 1
       {0.25, 1, {1, 0}, 2, PA_OK, 1, {-1, 0}},            // circle 1 inside circle 2
       {0.5, 1, {1, 0}, 0.25, PA_OK, 1, {0.875, 0}},       // outer before inner (1.125)
       {0.5, 0.25, {1, 0}, 1, PA_OK, 1, {0.125, 0}},       // outer before inner (-0.125)
       {0.25, 1, {0.25, 0}, 2, PA_CONCENTRIC, 0, {0, 0}},  // d = tol
-      {0.25, 1, {3, 0}, 1, PA_OK, 0, {0, 0}},
       {0.25, 3, {1, 0}, 1, PA_OK, 0, {0, 0}},
+      {0.25, 1, {1, 0}, -1, PA_OK, 2, {0.5, std::sqrt(0.75)}},  // left of c1 -> c2 first
   };
   for (auto [tol, r1, c2, r2, status, count, want] : cases) {
     ToleranceScope scope(tol);
     uint16_t n = 9;
     GE_POINT p1{5, 5}, p2{5, 5};
     EXPECT_EQ(GeIseCirCir(&kO, r1, &c2, r2, &n, &p1, &p2), status) << c2 << r1;
-    EXPECT_EQ(std::make_tuple(n, p1), std::make_tuple(count, want)) << c2 << r1;
+    const GE_POINT want2 = count == 2 ? GE_POINT{want.x, -want.y} : GE_POINT{0, 0};
+    EXPECT_EQ(n, count) << c2 << r1;
+    EXPECT_NEAR(gap(p1, want) + gap(p2, want2), 0, 1e-15) << c2 << r1;
+  }
+}
+
+TEST(Cross, SnapsToTheFirstElementsEndBeforeClassifyingOnTheSecond) {
+  ToleranceScope tol(0.25);
+  // b crosses a's carrier at (1.125, 0), 0.125 beyond a's end, and is classified at the snapped
+  // point (1, 0); b's parameter at (x, 0) is x * d.x.
+  const LI_TAB_STRUCT a = Line({0, 0}, {1, 0}), b = Line({1.25, -1}, {1, 1}),
+                      far = Line({2, 0}, {3, 0});
+  IsectPoint i{}, unused{};
+  ASSERT_EQ(GeCross(&a, &b, &i, &unused), 1);
+  EXPECT_EQ(std::make_tuple(i.x, i.y, i.pos1, i.par1, i.pos2, i.par2),
+            std::make_tuple(1.0, 0.0, GE_AT_END, a.ang_ep, GE_INSIDE, b.tan_ap.x));
+  ASSERT_EQ(GeCross(&b, &a, &i, &unused), 1);
+  EXPECT_DOUBLE_EQ(i.par1, 1.125 * b.tan_ap.x) << "b first sees the true crossing";
+  EXPECT_EQ(std::make_tuple(i.pos2, i.x), std::make_tuple(GE_AT_END, 1.0)) << "snapped again";
+  EXPECT_EQ(GeCross(&a, &far, &i, &unused), 0) << "collinear lines are parallel";
+  // Arcs whose circles cross at the first arc's end; and an arc of radius 0.
+  const LI_TAB_STRUCT c = Arc({1, 0}, at(kO, 1, 3.141592653589793 / 3), kO, LI_ARC_CCW);
+  const LI_TAB_STRUCT d = Arc({2, 0}, {0, 0}, {1, 0}, LI_ARC_CCW);  // upper half about (1, 0)
+  const LI_TAB_STRUCT dot = Arc({1, 0}, {1, 0}, {1, 0}, LI_ARC_CCW);
+  ASSERT_EQ(GeCross(&c, &d, &i, &unused), 2);
+  EXPECT_EQ(std::make_tuple(i.x, i.y, i.pos1, i.pos2, unused.pos1, unused.pos2),
+            std::make_tuple(c.ep.x, c.ep.y, GE_AT_END, GE_INSIDE, GE_BEFORE, GE_BEYOND));
+  EXPECT_EQ(GeCross(&c, &dot, &i, &unused) + GeCross(&dot, &c, &i, &unused), 0);
+}
+
+TEST(Cross, PointsLieOnBothCarriers) {
+  std::vector<LI_TAB_STRUCT> elems;
+  for (int i = 0; i < 7; ++i) {
+    const double a = 0.9 * i - 2.5, r = 0.5 + 0.3 * i, e = a + 1.7 + 0.4 * i;
+    const GE_POINT c{0.4 * i - 1, 0.25 * i - 0.5}, l{0.3 * i, -0.2};
+    elems.push_back(Line(at(l, 2, a), at(l, 2, a + 2.9)));
+    elems.push_back(Arc(at(c, r, a), at(c, r, e), c, i % 2 ? LI_ARC_CW : LI_ARC_CCW));
+  }
+  elems.push_back(Line(elems[1].ep, {5, 5}));  // meets an arc exactly at its end
+  const auto off = [](const LI_TAB_STRUCT &e, const IsectPoint &i) {
+    if (e.type == LI_LINE) return std::fabs(e.mp.x * i.x + e.mp.y * i.y - e.rad);
+    return std::fabs(std::hypot(i.x - e.mp.x, i.y - e.mp.y) - std::fabs(e.rad));
+  };
+  int points = 0;
+  for (const LI_TAB_STRUCT &a : elems) {
+    for (const LI_TAB_STRUCT &b : elems) {
+      IsectPoint is[2]{};
+      const uint16_t n = &a == &b ? 0 : GeCross(&a, &b, &is[0], &is[1]);
+      for (uint16_t k = 0; k < n; ++k, ++points) {
+        EXPECT_LE(std::max(off(a, is[k]), off(b, is[k])), GeEpsiGetTol() * (1 + 1e-9));
+      }
+    }
+  }
+  EXPECT_GT(points, 100);
+}
+
+TEST(IsectTest, OnlyTwoCrossingPointsAreNoTouchButAMissingLineIsNoTouchEither) {
+  ToleranceScope tol(0.25);
+  using Test = uint16_t (*)(const GE_POINT *, double, const GE_POINT *, double, const GE_POINT *,
+                            uint16_t *, uint16_t *);
+  // The unit circle about the origin against a second circle {centre, radius} or a line y = k
+  // {normal, c = -k}, with a test point: {test, centre or normal, radius or c, point, touch, side}.
+  const std::tuple<Test, GE_POINT, double, GE_POINT, uint16_t, uint16_t> cases[] = {
+      {GeCirCirTest, {1, 0}, 1, {0, -1}, 0, 1},  // right of the centre line
+      {GeCirCirTest, {1, 0}, 1, {2, 0}, 0, 1},   // on it counts as right
+      {GeCirCirTest, {0.25, 0}, 2, kO, 2, 0},    // centres within tol
+      {GeCirCirTest, {2.25, 0}, 1, kO, 1, 0},    // outer band, inclusive
+      {GeCirCirTest, {4, 0}, 1, kO, 1, 0},       // disjoint: a touch
+      {GeCirLinTest, kDown, -3, kO, 0, 0},       // missing: not a touch, unlike two circles
+      {GeCirLinTest, kDown, -1.25, kO, 0, 0},    // a = r + tol is outside the strict band
+      {GeCirLinTest, kDown, -1.125, kO, 1, 0},
+      {GeCirLinTest, kDown, -0.75, kO, 0, 0},       // a = r - tol: no band, no crossing
+      {GeCirLinTest, kDown, -0.5, {1, 0.5}, 0, 1},  // (p - centre) x n < 0
+      {GeCirLinTest, kDown, -0.5, {-1, 0}, 0, 0},
+  };
+  for (auto [test, q, v, p, want_touch, want_side] : cases) {
+    uint16_t side = 9, touch = 9;
+    EXPECT_EQ(test(&kO, 1, &q, v, &p, &side, &touch), 0);
+    EXPECT_EQ(std::make_tuple(touch, side), std::make_tuple(want_touch, want_side)) << q << v << p;
+  }
+}
+
+TEST(IsectTest, LinesParallelByAFixedLimitElementsTestedAtTheFirstElementsEnd) {
+  // The limit on |n1 x n2| is 5e-09 whatever the tolerance.
+  const GE_POINT vertical{1, 0}, almost{4e-09, -1}, steeper{6e-09, -1};
+  GE_POINT p{9, 9};
+  EXPECT_EQ(GeIseLinLin(&kDown, 0, &almost, 1, &p), PA_PARALLEL);
+  EXPECT_EQ(p, (GE_POINT{9, 9})) << "not written when parallel";
+  EXPECT_EQ(GeIseLinLin(&kDown, 0, &steeper, 1, &p) + GeIseLinLin(&kDown, 0, &vertical, 2, &p), 0);
+  EXPECT_NEAR(gap(p, {2, 0}), 0, 1e-15);  // x = 2 meets y = 0
+  const LI_TAB_STRUCT l1 = Line({0, 0}, {2, 0}), l2 = Line({0, 1}, {2, 1 + 4e-9});
+  const LI_TAB_STRUCT l3 = Line({0.5, -1}, {0.5, 1}), a1 = Arc({1, 0}, {0, -1}, kO, LI_ARC_CW);
+  const LI_TAB_STRUCT a2 = Arc({2, 0}, {0, 0}, {1, 0}, LI_ARC_CCW);
+  // {element 1, element 2, touch, side}: parallel within the fixed limit; a1 ends at (0, -1),
+  // right of (0,0) -> (1,0); (0,-1) x (1,0) > 0; l3 ends at (0.5, 1): (0.5,1) x (1,0) < 0.
+  const std::tuple<const LI_TAB_STRUCT *, const LI_TAB_STRUCT *, uint16_t, uint16_t> cases[] = {
+      {&l1, &l2, 2, 0}, {&a1, &a2, 0, 1}, {&a1, &l3, 0, 0}, {&l3, &a1, 0, 1}};
+  for (auto [e1, e2, want_touch, want_side] : cases) {
+    uint16_t side = 9, touch = 9;
+    EXPECT_EQ(GeElemIsectTest(e1, e2, &side, &touch), 0);
+    EXPECT_EQ(std::make_tuple(touch, side), std::make_tuple(want_touch, want_side)) << e1->ep;
+  }
+  uint16_t n = 0;
+  EXPECT_EQ(GeIseCirCir(nullptr, 3, &p, 1, &n, &p, &p), PA_INVALID);
+}
+
+TEST(CirCirTan, TangentsTouchBothCirclesOrThereAreNone) {
+  // {c1, r1, c2, r2, inner, status}, the last with equal radii (q = 0). Refused: centres within
+  // tol, inner tangents of overlapping circles, nested circles.
+  const std::tuple<GE_POINT, double, GE_POINT, double, int, uint16_t> cases[] = {
+      {{1, 2}, 2, {-3, 5}, 0.5, 0, PA_OK},      {{1, 2}, 2, {-3, 5}, 0.5, 1, PA_OK},
+      {{2, -1}, 1, {2, 6}, 4, 1, PA_OK},        {{0, 0}, 1, {1e-5, 0}, 2, 0, PA_IMPOSSIBLE},
+      {{0, 0}, 1, {1, 0}, 1, 1, PA_IMPOSSIBLE}, {{0, 0}, 3, {1, 0}, 1, 0, PA_IMPOSSIBLE},
+      {{0, 0}, 1, {1, 0}, 3, 0, PA_IMPOSSIBLE}, {{0, 0}, 1, {4, 0}, 1, 0, PA_OK}};
+  for (auto [c1, r1, c2, r2, inner, status] : cases) {
+    GE_POINT n[2]{};
+    double k[2]{};
+    ASSERT_EQ(GeCirCirTan(&c1, r1, &c2, r2, inner, &n[0], &k[0], &n[1], &k[1]), status);
+    for (int i = 0; i < 2 && status == PA_OK; ++i) {
+      EXPECT_NEAR(std::hypot(n[i].x, n[i].y), 1, 1e-14);
+      EXPECT_NEAR(n[i].x * c1.x + n[i].y * c1.y - k[i], -r1, 1e-13);
+      EXPECT_NEAR(n[i].x * c2.x + n[i].y * c2.y - k[i], inner ? r2 : -r2, 1e-13);
+    }
+    EXPECT_EQ(gap(n[0], n[1]) > 1e-3, status == PA_OK) << "two tangents, or none written";
   }
 }
 

@@ -1,0 +1,139 @@
+// One element against a point: position codes, on-element bands, feet, sides,
+// tangents, curvature, midpoints, and the normal form of a line.
+#include <cmath>
+#include <tuple>
+
+#include "support/support.h"
+
+namespace polyarc_test {
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+
+TEST(PointOn, CodesSnappingAndOnElementBands) {
+  ToleranceScope tol(0.5);
+  const auto at = [](double a) { return GE_POINT{std::cos(a), std::sin(a)}; };
+  const GE_POINT o{0, 0}, a = at(3 * kPi / 4), b = at(-3 * kPi / 4);
+  const LI_TAB_STRUCT tiny = Line({0, 0}, {0.25, 0}), line = Line({0, 0}, {10, 0});
+  const LI_TAB_STRUCT ccw = Arc({1, 0}, {0, 1}, o, LI_ARC_CCW),
+                      cw = Arc({0, 1}, {1, 0}, o, LI_ARC_CW);
+  const LI_TAB_STRUCT ccw_pi = Arc(a, b, o, LI_ARC_CCW), cw_pi = Arc(b, a, o, LI_ARC_CW);
+  LI_TAB_STRUCT circle = Arc(a, a, o, LI_ARC_CW), negative = ccw;
+  negative.rad = -1.0;  // the carrier point lies opposite the angle
+  constexpr uint16_t kOff = 0, kStart = GE_AT_START, kEnd = GE_AT_END, kIn = GE_INSIDE;
+  // {element, point, GePointOn, GePtOnElem, GePtOnElemUniformDistEpsi, parameter}
+  using Case = std::tuple<const LI_TAB_STRUCT *, GE_POINT, uint16_t, uint16_t, uint16_t, double>;
+  const Case cases[] = {
+      {&tiny, {0.125, 0}, kEnd, kEnd, kEnd, 0.25},  // both ends near: the end wins
+      {&line, {0.25, 0.25}, kStart, kStart, kStart, 0},
+      {&line, {0.5, 0}, kIn, kIn, kIn, 0.5},  // exactly tol from the start
+      {&line, {-1, 0}, GE_BEFORE, kOff, kOff, -1},
+      {&line, {5, 2.5}, kIn, kIn, kOff, 5},  // 5 x tol beside the interior
+      {&line, {5, 5}, kIn, kOff, kOff, 5},   // exactly 10 x tol
+      {&line, {10.25, 0.25}, kEnd, kEnd, kEnd, 10},
+      {&line, {10.25, 0.4375}, GE_BEYOND, kOff, kOff, 10.25},  // 0.503 from ep
+      {&ccw, {1.5, 1.5}, kIn, kOff, kOff, kPi / 4},            // 1.12 off the circle
+      {&ccw, at(-kPi / 4), GE_BEFORE, kOff, kOff, -kPi / 4},   // pi/4 behind, 5pi/4 past the end
+      {&ccw, at(3 * kPi / 4), GE_BEYOND, kOff, kOff, 3 * kPi / 4},
+      {&cw, at(3 * kPi / 4), GE_BEFORE, kOff, kOff, 3 * kPi / 4},
+      {&ccw_pi, at(kPi), kIn, kIn, kIn, kPi},
+      {&ccw_pi, at(0.1), GE_BEFORE, kOff, kOff, 0.1},
+      {&cw_pi, at(kPi), kIn, kIn, kIn, kPi},
+      {&circle, at(0.7), kIn, kIn, kIn, 0.7},
+      {&negative, at(-3 * kPi / 4), kIn, kOff, kOff, -3 * kPi / 4},  // on-element: sign ignored
+  };
+  for (auto [e, p, pos, on, uniform, par] : cases) {
+    const GE_POINT want = pos == kStart ? e->ap : pos == kEnd ? e->ep : p;
+    double got = 9;
+    EXPECT_EQ(GePtOnElem(e, &p), on) << p;
+    EXPECT_EQ(GePtOnElemUniformDistEpsi(e, &p), uniform) << p;
+    EXPECT_EQ(GePointOn(e, &p, &got), pos) << want;
+    EXPECT_NEAR(std::hypot(p.x - want.x, p.y - want.y) + std::fabs(got - par), 0, 1e-15) << want;
+  }
+  GE_POINT q{};
+  double d = 0;
+  EXPECT_EQ(GePointOn(nullptr, &q, &d) + GePtOnElem(nullptr, &q), 0);
+}
+
+TEST(Tolerance, DefaultAndImmediateEffect) {
+  const LI_TAB_STRUCT line = Line({0, 0}, {1, 0});
+  const GE_POINT p{0.5, 5e-4};
+  const double previous = GeEpsiSetTol(1e-3);
+  EXPECT_EQ(std::make_tuple(previous, GeEpsiGetTol()), std::make_tuple(5e-05, 1e-3));
+  EXPECT_EQ(GePtOnElemUniformDistEpsi(&line, &p), GE_INSIDE);
+  GeEpsiSetTol(previous);
+  EXPECT_EQ(GePtOnElemUniformDistEpsi(&line, &p), 0);
+}
+
+TEST(Projection, FeetOnCarriersArcCentreRefusedNegativeRadiusFlips) {
+  ToleranceScope tol(0.5);
+  LI_TAB_STRUCT arc = Arc({2, 0}, {0, 2}, {0, 0}, LI_ARC_CCW);
+  const LI_TAB_STRUCT line = Line({0, 1}, {4, 1});
+  GE_POINT foot{9, 9}, near_centre{0.25, -0.25}, q{-3, 7}, below{0, -5}, centre{1, 1}, p{4, 5};
+  EXPECT_EQ(GeProjPtElem(&arc, &near_centre, &foot), PA_IMPOSSIBLE);
+  EXPECT_EQ(foot, (GE_POINT{0, 0}));
+  EXPECT_EQ(GeProjPtElem(&line, &q, &foot), PA_OK);
+  EXPECT_EQ(foot, (GE_POINT{-3, 1}));
+  arc.rad = -2;  // and outside the arc's range: the carrier has none
+  EXPECT_EQ(GeProjPtElem(&arc, &below, &foot), PA_OK);
+  EXPECT_EQ(foot, (GE_POINT{0, 2}));
+  EXPECT_EQ(GeNearOnCir(&centre, 10, &p), 0);  // 3-4-5 from the centre, moved out to 10
+  EXPECT_EQ(p, (GE_POINT{7, 9}));
+}
+
+TEST(Projection, SidesAreLeftPositiveAndTolCountsAsOn) {
+  ToleranceScope tol(0.5);
+  const LI_TAB_STRUCT line = Line({0, 0}, {4, 0}), ccw = Arc({4, 0}, {0, 4}, {0, 0}, LI_ARC_CCW);
+  const LI_TAB_STRUCT cw = Arc({0, 4}, {4, 0}, {0, 0}, LI_ARC_CW);
+  const std::tuple<const LI_TAB_STRUCT *, GE_POINT, uint16_t, int32_t, double> cases[] = {
+      {&line, {10, 3}, PA_OK, 1, 3},                 // beyond the end: lines have no range
+      {&line, {2, -0.5}, PA_OK, 0, 0.5},             // exactly tol
+      {&ccw, {2, 2}, PA_OK, 1, 4 - std::sqrt(8.0)},  // inside the circle
+      {&cw, {2, 2}, PA_OK, -1, 4 - std::sqrt(8.0)},
+      {&ccw, {-6, -6}, PA_NOT_ON, -1, std::sqrt(72.0) - 4},  // side given outside the range
+  };
+  for (auto [e, p, status, want_side, want_dist] : cases) {
+    int32_t side = 9;
+    double dist = -1;
+    EXPECT_EQ(GePtElemSide(e, &p, &side, &dist), status) << p;
+    EXPECT_EQ(side, want_side) << p;
+    EXPECT_DOUBLE_EQ(dist, want_dist) << p;
+  }
+}
+
+TEST(Projection, TangentsCurvatureAndMidpoints) {
+  ToleranceScope tol(0.5);
+  LI_TAB_STRUCT ccw = Arc({2, 0}, {0, 2}, {0, 0}, LI_ARC_CCW), cw = ccw;
+  cw.type = LI_ARC_CW;
+  const LI_TAB_STRUCT line = Line({0, 0}, {3, 4});
+  GE_POINT t1{}, t2{}, t3{}, p{4, 0}, centre{0.25, 0.25};
+  EXPECT_EQ(GePtElemTan(&ccw, &p, &t1) + GePtElemTan(&cw, &p, &t2), PA_OK);
+  EXPECT_EQ(GePtElemTan(&line, &centre, &t3), PA_OK);
+  // Divided by the stored radius: not unit vectors off the circle.
+  EXPECT_EQ(std::make_tuple(t1, t2, t3),
+            std::make_tuple(GE_POINT{0, 2}, GE_POINT{0, -2}, GE_POINT{0.6, 0.8}));
+  EXPECT_EQ(std::make_tuple(GeKruem(&ccw), GeKruem(&cw), GeKruem(&line)),
+            std::make_tuple(0.5, -0.5, 0.0));
+  GE_POINT m{};
+  EXPECT_EQ(GeElemMpt(&cw, &m), PA_OK);  // three quarters, clockwise through pi
+  EXPECT_NEAR(std::hypot(m.x + std::sqrt(2.0), m.y + std::sqrt(2.0)), 0, 1e-15);
+  const LI_TAB_STRUCT full = Arc({2, 0}, {2, 0}, {0, 0}, LI_ARC_CCW);
+  GeElemMpt(&full, &m);
+  EXPECT_EQ(m, full.ap) << "a full circle is not halved";
+  ccw.rad = -2;
+  GePtElemTan(&ccw, &p, &t1);
+  EXPECT_EQ(t1, (GE_POINT{0, -2}));
+  EXPECT_EQ(GePtElemTan(&ccw, &centre, &t1), PA_INVALID);
+}
+
+TEST(Projection, NormalFormOfALine) {
+  const GE_POINT a{0, 0}, b{1, 0};
+  GE_POINT n{};
+  double c = 9, t1 = 9, t2 = 9;
+  EXPECT_EQ(GeGeoLineToNf(&a, &b, &n, &c, &t1, &t2), PA_OK);
+  EXPECT_EQ(std::make_tuple(n, c, t1, t2), std::make_tuple(GE_POINT{0, -1}, 0.0, 0.0, 1.0));
+  EXPECT_EQ(GeGeoLineToNf(&b, &b, &n, &c, &t1, &t2), PA_ZERO_LENGTH);
+}
+
+}  // namespace
+}  // namespace polyarc_test
