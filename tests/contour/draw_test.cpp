@@ -47,11 +47,8 @@ TEST(Draw, EveryStrokeUnderAllocationFailure) {
   ExpectCleanAllocationFailures(PA_NO_MEMORY, build, [&](LI_HEAD *head, Live &live) {
     uint16_t status = LiMove(head, &live[0], &o);
     if (status == PA_OK) status = LiDraw(head, &live[0], &a);  // turns the move into a line
-    live.push_back(TakeAllFree(head));
     if (status == PA_OK) status = LiDraw(head, &live[0], &b);
-    live.push_back(TakeAllFree(head));
     if (status == PA_OK) status = LiArc(head, &live[0], &o, &c, 0);
-    live.push_back(TakeAllFree(head));
     if (status == PA_OK) status = LiDrawNew(head, &live[1], &o, &a);
     return status;
   });

@@ -133,6 +133,11 @@ LI_TAB_STRUCT *TakeAllFree(LI_HEAD *head) {
 }
 
 LI_TAB_STRUCT *TakeAllFreeBut(LI_HEAD *head, size_t n) {
+  size_t free = 0;
+  for (const LI_TAB_STRUCT *p = head->free; p != nullptr; p = p->next) ++free;
+  if (free < n) {
+    EXPECT_EQ(LiExpand(head, static_cast<uint16_t>(n - free)), PA_OK);
+  }
   LI_TAB_STRUCT *spare = TakeAllFree(head);
   for (size_t i = 0; i < n && spare != nullptr; ++i) LiDel(head, &spare, spare->prev);
   return spare;

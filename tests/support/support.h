@@ -125,25 +125,26 @@ unsigned long ForEachRecordShortage(Body body) {
 // outputs that it adds.
 using Live = std::vector<LI_TAB_STRUCT *>;
 
-// Checks that an operation fails cleanly at every allocation it makes:
-// build(head) makes fresh inputs; op(head, live) runs the operation on
-// them, may change the handles and push its outputs, and returns its
-// status. Every run in which the injected failure was reached must give
-// failure_status; the last run must succeed; no run may lose a record.
+// Checks that an operation fails cleanly whenever the store runs out,
+// at its first record, its second, and so on: build(head) makes fresh
+// inputs; op(head, live) runs the operation on them, may change the
+// handles and push its outputs, and returns its status. Every run that
+// ran out must give failure_status, the last run must succeed, and no run
+// may lose a record.
 template <class Build, class Op>
 void ExpectCleanAllocationFailures(uint16_t failure_status, Build build, Op op) {
-  const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
+  const unsigned long failing = ForEachRecordShortage([&](size_t n, InjectedFailure &failure) {
     Store store;
     Live live = build(store.get());
-    live.push_back(TakeAllFree(store.get()));
+    live.push_back(TakeAllFreeBut(store.get(), n));
     failure.Arm();
     const uint16_t status = op(store.get(), live);
     failure.Disarm();
     EXPECT_EQ(status, failure.Fired() ? failure_status : uint16_t{PA_OK})
-        << "with allocation " << failure.n() << " failing";
+        << "with " << n << " records to spare";
     EXPECT_TRUE(AllRecordsAccounted(store.head(), live));
   });
-  EXPECT_GT(failing, 0u) << "the operation never allocated";
+  EXPECT_GT(failing, 0u) << "the operation never took a record";
 }
 
 }  // namespace polyarc_test
