@@ -13,7 +13,7 @@ struct Command {
   const char *name;
   const char *summary;
   const char *help;
-  std::vector<OptionSpec> options;
+  std::vector<OptionDef> options;
   int (*run)(const Options &options, std::ostream &out, std::ostream &err);
 };
 

@@ -4,16 +4,16 @@
 namespace polyarc_tool {
 namespace {
 
-const OptionSpec *FindLong(const std::vector<OptionSpec> &specs, const std::string &name) {
-  for (const OptionSpec &spec : specs) {
-    if (spec.name == name) return &spec;
+const OptionDef *FindLong(const std::vector<OptionDef> &defs, const std::string &name) {
+  for (const OptionDef &def : defs) {
+    if (def.name == name) return &def;
   }
   return nullptr;
 }
 
-const OptionSpec *FindShort(const std::vector<OptionSpec> &specs, char letter) {
-  for (const OptionSpec &spec : specs) {
-    if (spec.letter != 0 && spec.letter == letter) return &spec;
+const OptionDef *FindShort(const std::vector<OptionDef> &defs, char letter) {
+  for (const OptionDef &def : defs) {
+    if (def.letter != 0 && def.letter == letter) return &def;
   }
   return nullptr;
 }
@@ -21,7 +21,7 @@ const OptionSpec *FindShort(const std::vector<OptionSpec> &specs, char letter) {
 }  // namespace
 
 std::optional<Options> ParseOptions(const std::vector<std::string> &args,
-                                    const std::vector<OptionSpec> &specs, std::string &error) {
+                                    const std::vector<OptionDef> &defs, std::string &error) {
   Options options;
   bool operands_only = false;
   for (std::size_t i = 0; i < args.size(); ++i) {
@@ -42,24 +42,24 @@ std::optional<Options> ParseOptions(const std::vector<std::string> &args,
     const auto equals = arg.find('=');
     const std::string name =
         is_long ? arg.substr(2, equals == std::string::npos ? equals : equals - 2) : arg.substr(1);
-    const OptionSpec *spec =
-        is_long ? FindLong(specs, name) : (name.size() == 1 ? FindShort(specs, name[0]) : nullptr);
-    if (spec == nullptr) {
+    const OptionDef *def =
+        is_long ? FindLong(defs, name) : (name.size() == 1 ? FindShort(defs, name[0]) : nullptr);
+    if (def == nullptr) {
       error = "unknown option '" + (is_long ? "--" + name : arg) + "'";
       return std::nullopt;
     }
-    if (!spec->takes_value) {
+    if (!def->takes_value) {
       if (is_long && equals != std::string::npos) {
-        error = "option '--" + spec->name + "' takes no value";
+        error = "option '--" + def->name + "' takes no value";
         return std::nullopt;
       }
-      options.flags.insert(spec->name);
+      options.flags.insert(def->name);
     } else if (is_long && equals != std::string::npos) {
-      options.values[spec->name] = arg.substr(equals + 1);
+      options.values[def->name] = arg.substr(equals + 1);
     } else if (i + 1 < args.size()) {
-      options.values[spec->name] = args[++i];
+      options.values[def->name] = args[++i];
     } else {
-      error = "option '--" + spec->name + "' needs a value";
+      error = "option '--" + def->name + "' needs a value";
       return std::nullopt;
     }
   }

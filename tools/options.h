@@ -11,7 +11,7 @@
 
 namespace polyarc_tool {
 
-struct OptionSpec {
+struct OptionDef {
   std::string name;  // long name without the dashes, e.g. "output"
   char letter = 0;   // short form, e.g. 'o'; 0 for none
   bool takes_value = false;
@@ -30,10 +30,10 @@ struct Options {
   }
 };
 
-// Parses args against the specs. Returns the options, or nullopt with a
+// Parses args against the option definitions. Returns the options, or nullopt with a
 // message in error ("unknown option '--x'", "option '--output' needs a
 // value"). A repeated option keeps its last value.
 std::optional<Options> ParseOptions(const std::vector<std::string> &args,
-                                    const std::vector<OptionSpec> &specs, std::string &error);
+                                    const std::vector<OptionDef> &defs, std::string &error);
 
 }  // namespace polyarc_tool
