@@ -1,4 +1,7 @@
-// Drawing contours with moves, lines and arcs.
+// Drawing contours with moves, lines and arcs, and the diagnostic dump: its
+// exact line format, to a stream or to standard error.
+#include <cstdio>
+
 #include "support/support.h"
 
 namespace polyarc_test {
@@ -11,8 +14,7 @@ TEST(Draw, AMoveFollowedByADrawIsOneLine) {
   const GE_POINT o{0, 0}, p{3, 4}, q{1, 0};
   for (const GE_POINT *to : {&o, &o}) ASSERT_EQ(LiMove(store.get(), &k, to), PA_OK);
   for (const GE_POINT *to : {&p, &p}) ASSERT_EQ(LiDraw(store.get(), &k, to), PA_OK);
-  ASSERT_EQ(Elements(k).size(), 1u);
-  EXPECT_EQ(k->type, LI_LINE);
+  ASSERT_TRUE(Elements(k).size() == 1 && k->type == LI_LINE);
   for (const GE_POINT *to : {&o, &q}) ASSERT_EQ(LiMove(store.get(), &k, to), PA_OK);
   EXPECT_EQ(Elements(k).size(), 3u) << "two moves to different points";
   EXPECT_EQ(LiDrawNew(store.get(), &k, &p, &p), PA_ZERO_LENGTH);
@@ -32,15 +34,13 @@ TEST(Draw, ArcAcceptsHalfTolAndRefusesOneAndAHalfTol) {
   EXPECT_EQ(LiArc(store.get(), &k, &far, &centre, 0), PA_INVALID);
   ASSERT_EQ(LiArc(store.get(), &k, &near, &centre, 0), PA_OK);
   ASSERT_EQ(Elements(k).size(), 1u) << "the move is reused";
-  EXPECT_EQ(k->type, LI_ARC_CCW);
-  EXPECT_EQ(k->rad, 4.125) << "the mean of both distances";
+  EXPECT_TRUE(k->type == LI_ARC_CCW && k->rad == 4.125) << "the mean of both distances";
   ASSERT_EQ(LiArc(store.get(), &k, &back, &centre, -1), PA_OK);
   EXPECT_EQ(k->next->type, LI_ARC_CW);
   EXPECT_EQ(LiArc(store.get(), &k, &back, &centre, 1), PA_OK);
   EXPECT_EQ(Elements(k).size(), 2u);
 }
 
-// The store is emptied before each stroke that needs a record.
 TEST(Draw, EveryStrokeUnderAllocationFailure) {
   const GE_POINT o{0, 0}, a{2, 0}, b{2, 2}, c{1, 1};
   const auto build = [](LI_HEAD *) { return Live{nullptr, nullptr}; };
@@ -52,6 +52,25 @@ TEST(Draw, EveryStrokeUnderAllocationFailure) {
     if (status == PA_OK) status = LiDrawNew(head, &live[1], &o, &a);
     return status;
   });
+}
+
+TEST(Dump, OneLinePerElementInTheExactFormat) {
+  Store store;
+  LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {3, 4}});
+  const GE_POINT c{-2.5, 4}, centre{0.25, 4};
+  ASSERT_EQ(LiArc(store.get(), &k, &c, &centre, 1), PA_OK);
+  k->no = 7, k->next->no = 12, k->next->attr_val = 99;  // payload, centre, radius not printed
+  char expected[200];
+  std::snprintf(expected, sizeof expected,
+                "%11p  1          0          0          3          4 7\n"
+                "%11p  3          3          4       -2.5          4 12\n",
+                static_cast<void *>(k), static_cast<void *>(k->next));
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(PA_OK, LiDebDumpLi(k, stdout) + LiDebDumpLi(k, nullptr) +
+                       LiDebDumpLi(nullptr, nullptr) + LiDebLi(k) + LiDebElem(k));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), expected) << "a null stream is stderr";
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), expected) << "the others write nothing";
 }
 
 }  // namespace

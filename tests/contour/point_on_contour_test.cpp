@@ -1,5 +1,8 @@
-// Points on elements, on contours and on stretches of contours.
+// Points on elements, on contours and on stretches of contours; finding the
+// element that carries a point and the pieces that meet at it; distances
+// from a point to a contour and between contours, and who wins a tie.
 #include <cmath>
+#include <numbers>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -19,10 +22,9 @@ TEST(PtOnElem, BandsAroundLinesAndArcs) {
   const LI_TAB_STRUCT line = Line({0, 0}, {10, 0}), ccw = Arc(from, to, {0, 0}, LI_ARC_CCW),
                       cw = Arc(from, to, {0, 0}, LI_ARC_CW);
   using Row = std::tuple<const LI_TAB_STRUCT *, GE_POINT, int>;
-  const Row rows[] = {{&line, {5, 0.25}, 1}, {&line, {5, 0.5}, 0},    {&line, {10.25, 0}, 1},
-                      {&line, {11, 0}, 0},   {&line, {-0.5, 0.4}, 1}, {&ccw, {-2.25, 0}, 1},
-                      {&ccw, {-2.5, 0}, 0},  {&ccw, {2, 0}, 0},       {&cw, {2, 0}, 1},
-                      {&cw, {-2, 0}, 0}};
+  const Row rows[] = {{&line, {5, 0.25}, 1},   {&line, {5, 0.5}, 0},  {&line, {10.25, 0}, 1},
+                      {&line, {-0.5, 0.4}, 1}, {&ccw, {-2.25, 0}, 1}, {&ccw, {-2.5, 0}, 0},
+                      {&ccw, {2, 0}, 0},       {&cw, {2, 0}, 1},      {&cw, {-2, 0}, 0}};
   for (const auto &[e, p, on] : rows) EXPECT_EQ(LiPtOnElem(e, &p), on) << e->type << p;
   EXPECT_EQ(LiPtOnElem(&line, nullptr) + LiPtOnElem(nullptr, &line.ap), 0);
 }
@@ -60,6 +62,100 @@ TEST(PtOnKont, JointsAndStretchesOnAHalfCircle) {
         EXPECT_EQ(LiPtInIntervall(k, &p1, &p2, &q), on) << p1 << p2 << q;
   }
   EXPECT_EQ(LiPtInIntervall(nullptr, &a, &a, &a) + LiPtInIntervall(k, &a, nullptr, &a), 0);
+}
+
+TEST(PointFind, TenTolAcrossLinesJointsFirstFullCirclesAndNextElem) {
+  ToleranceScope tol(0.25);
+  Store store;
+  LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {10, 0}});
+  const GE_POINT ten_tol{5, 2.5}, five_tol{5, 1.25}, joint{4, 0};
+  EXPECT_EQ(LiKontFindPt(k, &ten_tol), nullptr) << "the band across a line is strict";
+  EXPECT_EQ(LiKontFindPt(k, &five_tol), k);
+  EXPECT_EQ(LiKontFindPtUniformDistEpsi(k, &five_tol, 0.25), nullptr);
+
+  // The third line runs back over the joint of the first two.
+  LI_TAB_STRUCT *v = Polyline(store.get(), {{0, 0}, {4, 0}, {4, 3}, {4, -3}});
+  EXPECT_EQ(LiKontFindPt(v, &joint), v) << "the earlier element";
+  EXPECT_EQ(LiKontFindPtIgnoreApEp(v, &joint), v->prev) << "the only one with the joint inside";
+
+  LI_TAB_STRUCT circle = Arc({1, 0}, {1, 0}, {0, 0}, LI_ARC_CCW);
+  LI_TAB_STRUCT left = Arc({0, 1}, {0, -1}, {0, 0}, LI_ARC_CCW);  // through pi
+  circle.next = circle.prev = &circle, left.next = left.prev = &left;
+  for (double a : {0.0, 1.0, 3.0, -3.0}) {
+    const GE_POINT p{std::cos(a), std::sin(a)};
+    EXPECT_EQ(LiKontFindPt(&circle, &p), &circle) << "angle " << a;
+    EXPECT_EQ(LiKontFindPt(&left, &p) == &left, std::abs(a) == 3) << "angle " << a;
+  }
+  const GE_POINT top{0, 1}, east{1, 0}, origin{0, 0};
+  EXPECT_TRUE(LiKontFindPtIgnoreApEp(&circle, &top) && !LiKontFindPtIgnoreApEp(&circle, &east));
+  EXPECT_EQ(LiKontFindPt(nullptr, &top), nullptr);
+
+  k = Polyline(store.get(), {{0, 0}, {4, 0}, {4, 3}});
+  GE_LI_ELEM before{}, after{};
+  using Pair = std::pair<LI_TAB_STRUCT *, LI_TAB_STRUCT *>;
+  auto around = [&](GE_POINT p, uint16_t status = PA_OK) {
+    Pair out{k, k};
+    EXPECT_EQ(LiKontNextElem(k, &p, &before, &after, &out.first, &out.second), status);
+    return out;
+  };
+  EXPECT_EQ(around({4, 0}), Pair(k, k->next));
+  EXPECT_TRUE(before.ep == (GE_POINT{4, 0}) && after.ep == (GE_POINT{4, 3}));
+  EXPECT_EQ(around({0, 0}), Pair(nullptr, k)) << "nothing leads into an open start";
+  EXPECT_EQ(around({9, 9}, PA_IMPOSSIBLE), Pair(nullptr, nullptr));
+  EXPECT_EQ(around({1, 0}), Pair(k, k));
+  EXPECT_TRUE(before.ang_ep - before.ang_ap == 1 && after.ang_ep - after.ang_ap == 3) << "cut";
+  EXPECT_EQ(k->ep, (GE_POINT{4, 0})) << "the contour is not changed";
+  LiDraw(store.get(), &k, &origin);
+  EXPECT_EQ(around(origin), Pair(k->prev, k)) << "a closed contour leads round into its start";
+}
+
+// Separate lines in one chain, in the order given.
+LI_TAB_STRUCT *Lines(LI_HEAD *head, GE_POINT a0, GE_POINT b0, GE_POINT a1, GE_POINT b1) {
+  LI_TAB_STRUCT *k = Polyline(head, {a0, b0});
+  LiChainPrev(k, Polyline(head, {a1, b1}));
+  return k;
+}
+
+TEST(ContourDistance, ThePointKeepsTheLaterElementThePairsTheEarlierPair) {
+  ToleranceScope tol(0.25);
+  Store store;
+  GE_POINT fa{}, fb{};
+  LI_TAB_STRUCT *ea = nullptr, *eb = nullptr;
+  double aux_a = 0, aux_b = 0, d = 0;
+  auto between = [&](LI_TAB_STRUCT *ka, LI_TAB_STRUCT *kb) {
+    return LiKontKontDist(ka, kb, &fa, &ea, &aux_a, &fb, &eb, &aux_b, &d);
+  };
+  LI_TAB_STRUCT *square = Polygon(store.get(), {{0, 0}, {2, 0}, {2, 2}, {0, 2}});
+  const GE_POINT centre{1, 1};
+  ASSERT_EQ(LiPtKontDist(square, &centre, &fa, &ea, &d, &aux_a), PA_OK);
+  EXPECT_TRUE(ea == square->prev && d == 1 && fa == (GE_POINT{0, 1})) << "all 1 away";
+
+  // A later pair nearer by exactly tol / 2 is not enough.
+  LI_TAB_STRUCT *a = Polyline(store.get(), {{0, 0}, {4, 0}});
+  LI_TAB_STRUCT *near_tie = Lines(store.get(), {0, 1.125}, {2, 1.125}, {2, 1}, {4, 1});
+  ASSERT_EQ(between(a, near_tie), PA_OK);
+  EXPECT_TRUE(eb == near_tie && d == 1.125 && fb == (GE_POINT{0, 1.125}));
+  LI_TAB_STRUCT *clear = Lines(store.get(), {0, 1.25}, {2, 1.25}, {2, 1}, {4, 1});
+  ASSERT_EQ(between(a, clear), PA_OK);
+  EXPECT_TRUE(eb == clear->next && d == 1 && fa == (GE_POINT{4, 0}));
+  // (a0, b1) and (a1, b0) are both 1 apart: a0's pairs come first.
+  LI_TAB_STRUCT *two = Lines(store.get(), {0, 0}, {1, 0}, {10, 0}, {11, 0});
+  ASSERT_EQ(between(two, Lines(store.get(), {10, 1}, {11, 1}, {0, 1}, {1, 1})), PA_OK);
+  EXPECT_TRUE(ea == two && eb->ap == (GE_POINT{0, 1}));
+
+  // The upper half of the unit circle against a line above it, either way round.
+  LI_TAB_STRUCT *half = Polyline(store.get(), {{1, 0}});
+  LI_TAB_STRUCT *roof = Polyline(store.get(), {{-1, 3}, {1, 3}});
+  const GE_POINT west{-1, 0}, origin{0, 0}, above{0, 3};
+  ASSERT_EQ(LiArc(store.get(), &half, &west, &origin, 0), PA_OK);
+  ASSERT_EQ(between(half, roof), PA_OK);
+  EXPECT_TRUE(ea == half && fb == above && std::abs(fa.y - 1) < 1e-12);
+  ASSERT_EQ(between(roof, half), PA_OK);
+  EXPECT_TRUE(eb == half && fa == above && std::abs(fb.y - 1) < 1e-12);
+  EXPECT_DOUBLE_EQ(aux_b, std::numbers::pi / 2) << "the angle of the foot on the arc";
+
+  EXPECT_EQ(LiPtKontDist(nullptr, &centre, &fa, &ea, &d, &aux_a), PA_INVALID);
+  EXPECT_EQ(between(a, nullptr), PA_INVALID);
 }
 
 }  // namespace

@@ -9,8 +9,9 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-// Both run right along the top first, then down: clockwise.
-TEST(Shapes, RectanglesElementByElement) {
+// Both rectangles run right along the top first, then down: clockwise. The
+// circle starts at its rightmost point.
+TEST(Shapes, RectanglesElementByElementAndTheCircle) {
   Store store;
   LI_TAB_STRUCT *rect = nullptr, *round = nullptr;
   ASSERT_EQ(LiCreateRect(store.get(), &rect, 2, 1), PA_OK);
@@ -23,36 +24,28 @@ TEST(Shapes, RectanglesElementByElement) {
     ASSERT_EQ(e.size(), pts.size());
     for (size_t i = 0; i < e.size(); ++i) {
       EXPECT_EQ(e[i]->type, k == round && i % 2 == 1 ? LI_ARC_CW : LI_LINE) << i;
-      EXPECT_EQ(e[i]->ap, pts[i]) << i;
-      EXPECT_EQ(e[i]->ep, pts[(i + 1) % pts.size()]) << i;
+      EXPECT_TRUE(e[i]->ap == pts[i] && e[i]->ep == pts[(i + 1) % pts.size()]) << i;
     }
   }
   EXPECT_NEAR(LiKontLen(round), 4 * (3 + 2) - (8 - 2 * kPi) * 0.5, 1e-12);
   EXPECT_EQ(LiCreateRect(store.get(), nullptr, 1, 1), PA_INVALID);
-}
-
-// Here 2 means clockwise, unlike LiArc's direction.
-TEST(Shapes, CircleStartsAtItsRightmostPoint) {
-  const GE_POINT cen{1, 2};
+  const GE_POINT cen{1, 2};  // for the circle, 2 means clockwise, unlike LiArc's direction
   LI_TAB_STRUCT e{};
   ASSERT_EQ(LiCreateCircle(&cen, 3, 2, &e), PA_OK);
-  EXPECT_EQ(e.type, LI_ARC_CW);
-  EXPECT_EQ(e.ap, (GE_POINT{4, 2}));
+  EXPECT_TRUE(e.type == LI_ARC_CW && e.ap == (GE_POINT{4, 2}) && e.ep == e.ap);
   ASSERT_EQ(LiCreateCircle(&cen, 3, 1, &e), PA_OK);
   EXPECT_EQ(e.type, LI_ARC_CCW);
   EXPECT_EQ(LiCreateCircle(nullptr, 1, 1, &e), PA_INVALID);
-  EXPECT_EQ(LiCreateCircle(&cen, 1, 1, nullptr), PA_INVALID);
 }
 
-// With three free records the fourth stroke fails; the three drawn stay.
+// The strokes drawn before the store ran out stay.
 TEST(Shapes, AllocationFailureKeepsWhatWasDrawn) {
   for (bool round : {false, true}) {
-    const uint32_t all = round ? 8 : 4;
     const auto build = [](LI_HEAD *) { return Live{nullptr}; };
     ExpectCleanAllocationFailures(PA_NO_MEMORY, build, [&](LI_HEAD *head, Live &live) {
       const uint16_t status =
           round ? LiCreateRound(head, &live[0], 3, 2, 0.5) : LiCreateRect(head, &live[0], 2, 1);
-      EXPECT_EQ(LiCountElem(live[0]) < all, status != PA_OK);
+      EXPECT_EQ(LiCountElem(live[0]) < (round ? 8u : 4u), status != PA_OK);
       return status;
     });
   }

@@ -1,4 +1,5 @@
-// Arc construction, arcs and segments divided into polylines, and the shared
+// Arc and circle construction, the line through two points, the area of a
+// circular segment, arcs and segments divided into polylines, and the shared
 // polyline buffer: reused, grown on demand, null when memory fails.
 #include <cmath>
 #include <tuple>
@@ -15,23 +16,18 @@ const auto off = [](GE_POINT3 p, double x, double y, double z) {
   return std::hypot(p.x - x, p.y - y) + std::fabs(p.z - z);
 };
 
-TEST(Arc3PointCheck, EachCodeInOrder) {
+TEST(Arc3Points, CheckCodesExchangeSenseAndRound) {
   const GE_POINT o{0, 0}, a{1, 1}, b{2, 0}, c{1, 2}, d{2, 4};
   EXPECT_EQ(GeArc3PointCheck(&o, &a, &a), PA_DEGENERATE) << "mixed product a.x b.x - a.y b.y = 0";
   EXPECT_EQ(GeArc3PointCheck(&o, &a, &b), PA_IMPOSSIBLE) << "horizontal chord p1-p3";
   EXPECT_EQ(GeArc3PointCheck(&o, &c, &d), PA_IMPOSSIBLE) << "collinear";
   EXPECT_EQ(GeArc3PointCheck(&o, &b, &a), PA_OK);
-}
-
-TEST(Arc3Points, ExchangeStaysAndSenseFollowsTheGivenOrder) {
-  const GE_POINT o{0, 0};
   GE_POINT m{};
   double r = 0;
   uint16_t sense = 0;
-  // {p2, p3, p2 afterwards, centre, radius, sense}; the first two rows get exchanged.
+  // {p2, p3, p2 afterwards, centre, radius, sense}; the first row gets exchanged.
   const std::tuple<GE_POINT, GE_POINT, GE_POINT, GE_POINT, double, uint16_t> cases[] = {
       {{1, 1}, {2, 0}, {2, 0}, {1, 0}, 1, LI_ARC_CW},  // (0,0) -> (1,1) -> (2,0) turns clockwise
-      {{1, -1}, {2, 0}, {2, 0}, {1, 0}, 1, LI_ARC_CCW},
       {{2, 0}, {1, 1}, {2, 0}, {1, 0}, 1, LI_ARC_CCW},
       {{1, 1}, {1, 1}, {1, 1}, {0.5, 0.5}, std::sqrt(0.5), LI_CIRCLE_CW},  // p2 = p3: a circle
   };
@@ -42,56 +38,81 @@ TEST(Arc3Points, ExchangeStaysAndSenseFollowsTheGivenOrder) {
   }
   GE_POINT p2{1, 0}, p3{2, 0};
   EXPECT_EQ(GeArc3Points(&o, &p2, &p3, &m, &r, &sense), PA_IMPOSSIBLE) << "fails in both orders";
-}
-
-TEST(ArcRound, CentreFromP2RadiusFromP3) {
-  ToleranceScope tol(0.25);
-  const GE_POINT p1{0, 0}, p2{4, 0}, p3{2, 0}, near{0.125, 0.125};
-  GE_POINT m{};
-  double r = 0;
-  uint16_t sense = 0;
-  EXPECT_EQ(GeArcRound(&p1, &p2, &p3, &m, &r, &sense), PA_OK);
+  ToleranceScope tol(0.25);  // GeArcRound: the centre from p2, the radius from p3
+  const GE_POINT p4{4, 0}, near{0.125, 0.125};
+  EXPECT_EQ(GeArcRound(&o, &p4, &b, &m, &r, &sense), PA_OK);
   EXPECT_EQ(std::make_tuple(m, r, sense), std::make_tuple(GE_POINT{2, 0}, 1.0, LI_CIRCLE_CW));
-  EXPECT_EQ(GeArcRound(&p1, &p2, &near, &m, &r, &sense), PA_IMPOSSIBLE) << "p1 = p3, p2 apart";
-  EXPECT_EQ(GeArcRound(&p1, &near, &near, &m, &r, &sense), PA_DEGENERATE);
+  EXPECT_EQ(GeArcRound(&o, &p4, &near, &m, &r, &sense), PA_IMPOSSIBLE) << "p1 = p3, p2 apart";
+  EXPECT_EQ(GeArcRound(&o, &near, &near, &m, &r, &sense), PA_DEGENERATE);
 }
 
-TEST(ArcBy3PointsAndByTang, CentreInThePlaneOfTheFirstPoint) {
+TEST(CircleServices, ThroughThreePointsAndTangentToALineAtAPoint) {
+  const GE_POINT a{0, 0}, b{3, 0}, c{0, 4}, flat{1, 0.125}, high{1, 0.5}, end{2, 0};
+  const GE_POINT q{1, 1}, beside{2, 1}, on{5, 0};
+  GE_POINT m{}, n{};
+  double r = 0, k = 9;
+  EXPECT_EQ(GeCirByPtPtPt(&a, &b, &c, &m, &r), PA_OK);
+  EXPECT_NEAR(std::hypot(m.x - 1.5, m.y - 2) + std::fabs(r - 2.5), 0, 1e-15) << "half hypotenuse";
+  EXPECT_EQ(GeCirByPtPtPt(&a, &a, &c, &m, &r), PA_IMPOSSIBLE);
+  EXPECT_EQ(GeLineByPtPt(&a, &end, &n, &k), PA_OK);
+  EXPECT_EQ(std::make_tuple(n, k), std::make_tuple(GE_POINT{0, -1}, 0.0));
+  EXPECT_EQ(GeLineByPtPt(&a, &a, &n, &k), PA_ZERO_LENGTH);
+  EXPECT_EQ(GeCirByPtOnLinPt(&end, &n, k, &q, &m, &r), PA_OK);
+  EXPECT_EQ(std::make_tuple(m, r), std::make_tuple(GE_POINT{2, 1}, 1.0));
+  EXPECT_EQ(GeCirByPtOnLinPt(&beside, &n, k, &q, &m, &r), PA_INVALID) << "not on the line";
+  EXPECT_EQ(GeCirByPtOnLinPt(&end, &n, k, &on, &m, &r), PA_IMPOSSIBLE);
   ToleranceScope tol(0.25);
-  const GE_POINT3 p1{0, 0, 5}, p2{1, 1, 5}, p3{2, 0, 5.125}, off{2, 0, 5.25}, before{-1, 0, 5};
+  EXPECT_EQ(GeCirByPtPtPt(&a, &flat, &end, &m, &r), PA_IMPOSSIBLE) << "height 0.125 < tol";
+  EXPECT_EQ(GeCirByPtPtPt(&a, &high, &end, &m, &r), PA_OK);
+}
+
+TEST(ArcArea, MatchesTheSegmentFormulaInBothSensesFromSmallToNearlyFull) {
+  const GE_POINT c{-2, 3}, o{0, 0}, a{1, 0};
+  const double r = 1.5;
+  const auto at = [&](double t) { return GE_POINT{c.x + r * std::cos(t), c.y + r * std::sin(t)}; };
+  for (double start = -3.0; start < 3.2; start += 0.7) {
+    for (double theta : {1e-3, 0.05, 1.0, kPi / 2, kPi, 4.0, 2 * kPi - 0.01}) {
+      const GE_POINT ap = at(start), ccw_ep = at(start + theta), cw_ep = at(start - theta);
+      const long double t = theta;  // r^2 (theta - sin theta) / 2 in extended precision
+      const double want = static_cast<double>(0.5L * r * r * (t - std::sin(t)));
+      EXPECT_NEAR(GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CCW), want, 1e-9 * want) << theta;
+      EXPECT_NEAR(GeArcArea(&ap, &cw_ep, &c, r, LI_ARC_CW), want, 1e-9 * want) << theta;
+    }
+  }
+  EXPECT_NEAR(GeArcArea(&a, &a, &o, 2, LI_ARC_CW), 4 * kPi, 1e-15) << "coincident ends";
+  EXPECT_EQ(GeArcArea(nullptr, &a, &o, 1, LI_ARC_CCW), 0);
+}
+
+TEST(ArcBy3PointsTangAndCenter, CentreInThePlaneOfTheFirstPoint) {
+  ToleranceScope tol(0.25);
+  const GE_POINT3 p1{0, 0, 5}, p2{1, 1, 5}, p3{2, 0, 5.125}, high{2, 0, 5.25}, before{-1, 0, 5};
   GE_POINT3 m{};
   double r = 0;
   uint16_t sense = 0;
   EXPECT_EQ(GeArcBy3Points(&p1, &p2, &p3, &m, &r, &sense), PA_OK);  // z within tol
   EXPECT_NEAR(std::hypot(m.x - 1, m.y) + std::fabs(r - 1), 0, 1e-12);
   EXPECT_EQ(std::make_tuple(m.z, sense), std::make_tuple(5.0, LI_ARC_CW));
-  EXPECT_EQ(GeArcBy3Points(&p1, &p2, &off, &m, &r, &sense), PA_INVALID) << "z off by tol";
+  EXPECT_EQ(GeArcBy3Points(&p1, &p2, &high, &m, &r, &sense), PA_INVALID) << "z off by tol";
   EXPECT_EQ(GeArcByTang(&before, &p1, &p2, &m, &r, &sense), PA_OK);  // leaves (0,0) along +x
   EXPECT_EQ(std::make_tuple(m.x, m.y, m.z, r, sense),
             std::make_tuple(0.0, 1.0, 5.0, 1.0, LI_ARC_CCW));
   EXPECT_EQ(GeArcByTang(&p1, &p1, &p2, &m, &r, &sense), PA_ZERO_LENGTH);
-}
-
-TEST(ArcByCenter, MovesTheEndOntoTheCircle) {
-  const GE_POINT3 m{0, 0, 1}, start{1, 0, 1};
-  GE_POINT3 end{0, 1.1, 1}, at_centre{0, 0, 1}, other_plane{0, 2, 3};
-  double r = 0;
-  EXPECT_EQ(GeArcByCenter(&m, &start, &end, &r) + GeArcByCenter(&m, &start, &at_centre, &r), PA_OK);
+  // GeArcByCenter moves the end onto the circle; an end at the centre stays.
+  const GE_POINT3 o{0, 0, 1}, start{1, 0, 1};
+  GE_POINT3 end{0, 1.1, 1}, at_o{0, 0, 1}, other_plane{0, 2, 3};
+  EXPECT_EQ(GeArcByCenter(&o, &start, &end, &r) + GeArcByCenter(&o, &start, &at_o, &r), PA_OK);
   EXPECT_NEAR(std::hypot(end.x, end.y - 1) + std::fabs(r - 1) + end.z - 1, 0, 1e-15);
-  EXPECT_EQ(at_centre.x, 0) << "an end at the centre stays";
-  EXPECT_EQ(GeArcByCenter(&m, &start, &other_plane, &r), PA_INVALID);
+  EXPECT_EQ(at_o.x, 0);
+  EXPECT_EQ(GeArcByCenter(&o, &start, &other_plane, &r), PA_INVALID);
   EXPECT_EQ(std::make_tuple(other_plane.y, GeArc3DAng()), std::make_tuple(2.0, 0));
 }
 
-TEST(ArcToLinesCalcSeg, SagittaRuleAndItsLimits) {
+TEST(ArcToLines, SagittaRuleQuarterArcsAndFullCircles) {
   // {sweep, radius, chord tolerance, segments}; 1.5708 / acos(0.999) and 0.5 / 0.000872664...
   const std::tuple<double, double, double, uint32_t> cases[] = {
       {kPi, 10, 0.01, 36}, {-kPi, 10, 0.01, 36},         {kPi, 1, 1, 1},   {1, 1, 0, 573},
       {0, 1, 0.01, 1},     {1e300, 1, 0.01, UINT32_MAX}, {NAN, 1, 0.01, 1}};
   for (auto [sweep, r, e, want] : cases) EXPECT_EQ(GeArcToLinesCalcSeg(sweep, r, e), want) << sweep;
-}
-
-TEST(ArcToLinesSplit, QuarterArcsFullCirclesAndTheAngleStep) {
   const GE_POINT3 c{0, 0, 2}, a{1, 0, 2}, b{0, 1, 3};
   const double h = std::sqrt(0.5);
   // {start, end, sense, points, point 1}; the last point is exactly the given end, with its z.
@@ -109,25 +130,17 @@ TEST(ArcToLinesSplit, QuarterArcsFullCirclesAndTheAngleStep) {
   EXPECT_EQ(GeArcToLinesSplit(&a, &a, &c, LI_ARC_CCW, 1), nullptr);
 }
 
-TEST(ArcSplitLine, EvenStepsAndASinglePointIsTheEnd) {
-  const GE_POINT3 a{0, 0, 0}, b{4, 8, 1};
-  GE_POINT3 *pts = nullptr;
-  ASSERT_EQ(GeArcSplitLine(&a, &b, &pts, 5), PA_OK);
-  EXPECT_NEAR(off(pts[3], 3, 6, 0.75), 0, 1e-15);
-  pts[1] = {7, 7, 7};
-  ASSERT_EQ(GeArcSplitLine(&a, &b, &pts, 1), PA_OK);
-  EXPECT_EQ(std::make_tuple(pts[0].x, pts[1].x), std::make_tuple(4.0, 7.0)) << "only the end";
-  EXPECT_EQ(GeArcSplitLine(&a, &b, &pts, 0), PA_INVALID);
-  EXPECT_EQ(pts, nullptr);
-}
-
-TEST(PolylineBuffer, ReusedGrownNeverShrunkAndNullWhenGrowthFails) {
-  const GE_POINT3 c{0, 0, 0}, a{1, 0, 0}, b{-1, 0, 0};
+TEST(PolylineBuffer, EvenStepsReusedGrownNeverShrunkAndNullWhenGrowthFails) {
+  const GE_POINT3 c{0, 0, 0}, a{1, 0, 0}, b{-1, 0, 2};
   const GE_POINT3 *first = GeArcToLinesSplit(&a, &b, &c, LI_ARC_CCW, 8);
   ASSERT_NE(first, nullptr);
   const unsigned long calls = MemTestAllocCalls();
   GE_POINT3 *line = nullptr;
-  EXPECT_EQ(GeArcSplitLine(&a, &b, &line, 2), PA_OK);
+  ASSERT_EQ(GeArcSplitLine(&a, &b, &line, 5), PA_OK);
+  EXPECT_NEAR(off(line[3], -0.5, 0, 1.5), 0, 1e-15);
+  line[1] = {7, 7, 7};
+  ASSERT_EQ(GeArcSplitLine(&a, &b, &line, 1), PA_OK);
+  EXPECT_EQ(std::make_tuple(line[0].x, line[1].x), std::make_tuple(-1.0, 7.0)) << "only the end";
   EXPECT_EQ(GeArcToLinesSplit(&a, &b, &c, LI_ARC_CCW, 3), first);
   EXPECT_EQ(std::make_tuple(line, MemTestAllocCalls()), std::make_tuple(first, calls))
       << "no allocation within the capacity";
@@ -144,8 +157,11 @@ TEST(PolylineBuffer, ReusedGrownNeverShrunkAndNullWhenGrowthFails) {
   EXPECT_EQ(line, nullptr);
   const GE_POINT3 *grown = GeArcToLinesSplit(&a, &b, &c, LI_ARC_CCW, more);
   ASSERT_NE(grown, nullptr);
-  EXPECT_EQ(GeArcToLinesSplit(&a, &b, &c, LI_ARC_CCW, 3), grown);
-  EXPECT_EQ(capacity(grown), more) << "never shrunk";
+  EXPECT_EQ(GeArcSplitLine(&a, &b, &line, 3), PA_OK);
+  EXPECT_EQ(std::make_tuple(line, capacity(grown)), std::make_tuple(grown, size_t{more}))
+      << "reused, never shrunk";
+  EXPECT_EQ(GeArcSplitLine(&a, &b, &line, 0), PA_INVALID);
+  EXPECT_EQ(line, nullptr);
 }
 
 }  // namespace

@@ -11,12 +11,13 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 
 TEST(PointOn, CodesSnappingAndOnElementBands) {
+  EXPECT_EQ(GeEpsiGetTol(), 5e-05) << "the default";
   ToleranceScope tol(0.5);
+  EXPECT_EQ(GeEpsiSetTol(0.5), 0.5) << "returns the one it replaces, here the scope's";
   const auto at = [](double a) { return GE_POINT{std::cos(a), std::sin(a)}; };
   const GE_POINT o{0, 0}, a = at(3 * kPi / 4), b = at(-3 * kPi / 4);
   const LI_TAB_STRUCT tiny = Line({0, 0}, {0.25, 0}), line = Line({0, 0}, {10, 0});
-  const LI_TAB_STRUCT ccw = Arc({1, 0}, {0, 1}, o, LI_ARC_CCW),
-                      cw = Arc({0, 1}, {1, 0}, o, LI_ARC_CW);
+  const LI_TAB_STRUCT ccw = Arc({1, 0}, {0, 1}, o, LI_ARC_CCW);
   const LI_TAB_STRUCT ccw_pi = Arc(a, b, o, LI_ARC_CCW), cw_pi = Arc(b, a, o, LI_ARC_CW);
   LI_TAB_STRUCT circle = Arc(a, a, o, LI_ARC_CW), negative = ccw;
   negative.rad = -1.0;  // the carrier point lies opposite the angle
@@ -28,14 +29,12 @@ TEST(PointOn, CodesSnappingAndOnElementBands) {
       {&line, {0.25, 0.25}, kStart, kStart, kStart, 0},
       {&line, {0.5, 0}, kIn, kIn, kIn, 0.5},  // exactly tol from the start
       {&line, {-1, 0}, GE_BEFORE, kOff, kOff, -1},
-      {&line, {5, 2.5}, kIn, kIn, kOff, 5},  // 5 x tol beside the interior
-      {&line, {5, 5}, kIn, kOff, kOff, 5},   // exactly 10 x tol
-      {&line, {10.25, 0.25}, kEnd, kEnd, kEnd, 10},
+      {&line, {5, 2.5}, kIn, kIn, kOff, 5},                    // 5 x tol beside the interior
+      {&line, {5, 5}, kIn, kOff, kOff, 5},                     // exactly 10 x tol
       {&line, {10.25, 0.4375}, GE_BEYOND, kOff, kOff, 10.25},  // 0.503 from ep
       {&ccw, {1.5, 1.5}, kIn, kOff, kOff, kPi / 4},            // 1.12 off the circle
       {&ccw, at(-kPi / 4), GE_BEFORE, kOff, kOff, -kPi / 4},   // pi/4 behind, 5pi/4 past the end
       {&ccw, at(3 * kPi / 4), GE_BEYOND, kOff, kOff, 3 * kPi / 4},
-      {&cw, at(3 * kPi / 4), GE_BEFORE, kOff, kOff, 3 * kPi / 4},
       {&ccw_pi, at(kPi), kIn, kIn, kIn, kPi},
       {&ccw_pi, at(0.1), GE_BEFORE, kOff, kOff, 0.1},
       {&cw_pi, at(kPi), kIn, kIn, kIn, kPi},
@@ -51,88 +50,59 @@ TEST(PointOn, CodesSnappingAndOnElementBands) {
     EXPECT_NEAR(std::hypot(p.x - want.x, p.y - want.y) + std::fabs(got - par), 0, 1e-15) << want;
   }
   GE_POINT q{};
-  double d = 0;
-  EXPECT_EQ(GePointOn(nullptr, &q, &d) + GePtOnElem(nullptr, &q), 0);
+  EXPECT_EQ(GePointOn(nullptr, &q, nullptr) + GePtOnElem(nullptr, &q), 0);
 }
 
-TEST(Tolerance, DefaultAndImmediateEffect) {
-  const LI_TAB_STRUCT line = Line({0, 0}, {1, 0});
-  const GE_POINT p{0.5, 5e-4};
-  const double previous = GeEpsiSetTol(1e-3);
-  EXPECT_EQ(std::make_tuple(previous, GeEpsiGetTol()), std::make_tuple(5e-05, 1e-3));
-  EXPECT_EQ(GePtOnElemUniformDistEpsi(&line, &p), GE_INSIDE);
-  GeEpsiSetTol(previous);
-  EXPECT_EQ(GePtOnElemUniformDistEpsi(&line, &p), 0);
-}
-
-TEST(Projection, FeetOnCarriersArcCentreRefusedNegativeRadiusFlips) {
-  ToleranceScope tol(0.5);
-  LI_TAB_STRUCT arc = Arc({2, 0}, {0, 2}, {0, 0}, LI_ARC_CCW);
-  const LI_TAB_STRUCT line = Line({0, 1}, {4, 1});
-  GE_POINT foot{9, 9}, near_centre{0.25, -0.25}, q{-3, 7}, below{0, -5}, centre{1, 1}, p{4, 5};
-  EXPECT_EQ(GeProjPtElem(&arc, &near_centre, &foot), PA_IMPOSSIBLE);
-  EXPECT_EQ(foot, (GE_POINT{0, 0}));
-  EXPECT_EQ(GeProjPtElem(&line, &q, &foot), PA_OK);
-  EXPECT_EQ(foot, (GE_POINT{-3, 1}));
-  arc.rad = -2;  // and outside the arc's range: the carrier has none
-  EXPECT_EQ(GeProjPtElem(&arc, &below, &foot), PA_OK);
-  EXPECT_EQ(foot, (GE_POINT{0, 2}));
-  EXPECT_EQ(GeNearOnCir(&centre, 10, &p), 0);  // 3-4-5 from the centre, moved out to 10
-  EXPECT_EQ(p, (GE_POINT{7, 9}));
-}
-
-TEST(Projection, SidesAreLeftPositiveAndTolCountsAsOn) {
-  ToleranceScope tol(0.5);
-  const LI_TAB_STRUCT line = Line({0, 0}, {4, 0}), ccw = Arc({4, 0}, {0, 4}, {0, 0}, LI_ARC_CCW);
-  const LI_TAB_STRUCT cw = Arc({0, 4}, {4, 0}, {0, 0}, LI_ARC_CW);
-  const std::tuple<const LI_TAB_STRUCT *, GE_POINT, uint16_t, int32_t, double> cases[] = {
-      {&line, {10, 3}, PA_OK, 1, 3},                 // beyond the end: lines have no range
-      {&line, {2, -0.5}, PA_OK, 0, 0.5},             // exactly tol
-      {&ccw, {2, 2}, PA_OK, 1, 4 - std::sqrt(8.0)},  // inside the circle
-      {&cw, {2, 2}, PA_OK, -1, 4 - std::sqrt(8.0)},
-      {&ccw, {-6, -6}, PA_NOT_ON, -1, std::sqrt(72.0) - 4},  // side given outside the range
-  };
-  for (auto [e, p, status, want_side, want_dist] : cases) {
-    int32_t side = 9;
-    double dist = -1;
-    EXPECT_EQ(GePtElemSide(e, &p, &side, &dist), status) << p;
-    EXPECT_EQ(side, want_side) << p;
-    EXPECT_DOUBLE_EQ(dist, want_dist) << p;
-  }
-}
-
-TEST(Projection, TangentsCurvatureAndMidpoints) {
+TEST(Projection, FeetSidesTangentsCurvatureMidpointsAndTheNormalForm) {
   ToleranceScope tol(0.5);
   LI_TAB_STRUCT ccw = Arc({2, 0}, {0, 2}, {0, 0}, LI_ARC_CCW), cw = ccw;
   cw.type = LI_ARC_CW;
-  const LI_TAB_STRUCT line = Line({0, 0}, {3, 4});
-  GE_POINT t1{}, t2{}, t3{}, p{4, 0}, centre{0.25, 0.25};
-  EXPECT_EQ(GePtElemTan(&ccw, &p, &t1) + GePtElemTan(&cw, &p, &t2), PA_OK);
-  EXPECT_EQ(GePtElemTan(&line, &centre, &t3), PA_OK);
+  const LI_TAB_STRUCT line = Line({0, 1}, {4, 1}), slope = Line({0, 0}, {3, 4});
+  GE_POINT foot{9, 9}, near_centre{0.25, 0.25}, q{-3, 7}, below{0, -5}, centre{1, 1}, p{4, 5};
+  EXPECT_EQ(GeProjPtElem(&ccw, &near_centre, &foot), PA_IMPOSSIBLE);
+  EXPECT_EQ(foot, (GE_POINT{0, 0}));
+  EXPECT_EQ(GeProjPtElem(&line, &q, &foot), PA_OK);
+  EXPECT_EQ(foot, (GE_POINT{-3, 1}));
+  EXPECT_EQ(GeNearOnCir(&centre, 10, &p), 0);  // 3-4-5 from the centre, moved out to 10
+  EXPECT_EQ(p, (GE_POINT{7, 9}));
+  const double inside = 2 - std::sqrt(2.0);  // sides are left positive, tol counts as on
+  const std::tuple<const LI_TAB_STRUCT *, GE_POINT, uint16_t, int32_t, double> sides[] = {
+      {&line, {10, 4}, PA_OK, 1, 3},  // beyond the end: lines have no range
+      {&line, {2, 0.5}, PA_OK, 0, 0.5},
+      {&ccw, {1, 1}, PA_OK, 1, inside},
+      {&cw, {-1, -1}, PA_OK, -1, inside},
+      {&ccw, {-3, -3}, PA_NOT_ON, -1, std::sqrt(18.0) - 2},  // side given outside the range
+  };
+  for (auto [e, pt, status, want_side, want_dist] : sides) {
+    int32_t side = 9;
+    double dist = -1;
+    EXPECT_EQ(GePtElemSide(e, &pt, &side, &dist), status) << pt;
+    EXPECT_EQ(side, want_side) << pt;
+    EXPECT_DOUBLE_EQ(dist, want_dist) << pt;
+  }
+  GE_POINT t1{}, t2{}, t3{}, east{4, 0};
+  EXPECT_EQ(GePtElemTan(&ccw, &east, &t1) + GePtElemTan(&cw, &east, &t2), PA_OK);
+  EXPECT_EQ(GePtElemTan(&slope, &near_centre, &t3), PA_OK);
   // Divided by the stored radius: not unit vectors off the circle.
   EXPECT_EQ(std::make_tuple(t1, t2, t3),
             std::make_tuple(GE_POINT{0, 2}, GE_POINT{0, -2}, GE_POINT{0.6, 0.8}));
-  EXPECT_EQ(std::make_tuple(GeKruem(&ccw), GeKruem(&cw), GeKruem(&line)),
+  EXPECT_EQ(std::make_tuple(GeKruem(&ccw), GeKruem(&cw), GeKruem(&slope)),
             std::make_tuple(0.5, -0.5, 0.0));
   GE_POINT m{};
   EXPECT_EQ(GeElemMpt(&cw, &m), PA_OK);  // three quarters, clockwise through pi
   EXPECT_NEAR(std::hypot(m.x + std::sqrt(2.0), m.y + std::sqrt(2.0)), 0, 1e-15);
-  const LI_TAB_STRUCT full = Arc({2, 0}, {2, 0}, {0, 0}, LI_ARC_CCW);
-  GeElemMpt(&full, &m);
-  EXPECT_EQ(m, full.ap) << "a full circle is not halved";
-  ccw.rad = -2;
-  GePtElemTan(&ccw, &p, &t1);
+  ccw.rad = -2;  // flips the tangent; and the foot, outside the arc's range: the carrier has none
+  GePtElemTan(&ccw, &east, &t1);
   EXPECT_EQ(t1, (GE_POINT{0, -2}));
-  EXPECT_EQ(GePtElemTan(&ccw, &centre, &t1), PA_INVALID);
-}
-
-TEST(Projection, NormalFormOfALine) {
+  EXPECT_EQ(GePtElemTan(&ccw, &near_centre, &t1), PA_INVALID);
+  EXPECT_EQ(GeProjPtElem(&ccw, &below, &foot), PA_OK);
+  EXPECT_EQ(foot, (GE_POINT{0, 2}));
   const GE_POINT a{0, 0}, b{1, 0};
   GE_POINT n{};
-  double c = 9, t1 = 9, t2 = 9;
-  EXPECT_EQ(GeGeoLineToNf(&a, &b, &n, &c, &t1, &t2), PA_OK);
-  EXPECT_EQ(std::make_tuple(n, c, t1, t2), std::make_tuple(GE_POINT{0, -1}, 0.0, 0.0, 1.0));
-  EXPECT_EQ(GeGeoLineToNf(&b, &b, &n, &c, &t1, &t2), PA_ZERO_LENGTH);
+  double c = 9, par1 = 9, par2 = 9;
+  EXPECT_EQ(GeGeoLineToNf(&a, &b, &n, &c, &par1, &par2), PA_OK);
+  EXPECT_EQ(std::make_tuple(n, c, par1, par2), std::make_tuple(GE_POINT{0, -1}, 0.0, 0.0, 1.0));
+  EXPECT_EQ(GeGeoLineToNf(&b, &b, &n, &c, &par1, &par2), PA_ZERO_LENGTH);
 }
 
 }  // namespace

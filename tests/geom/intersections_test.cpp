@@ -1,5 +1,6 @@
 // Carrier intersections with their tangent bands, crossings of elements with
-// end-point snapping, the quick crossing tests, and common tangents.
+// end-point snapping, the quick crossing tests, common tangents, touching and
+// parallel elements, and shared carriers with their common stretch.
 #include <algorithm>
 #include <cmath>
 #include <tuple>
@@ -18,7 +19,7 @@ const auto at = [](GE_POINT c, double r, double a) {
   return GE_POINT{c.x + r * std::cos(a), c.y + r * std::sin(a)};
 };
 
-TEST(IseCirLin, TangentBandAndOrderAlongTheLine) {
+TEST(IseCirLinAndCirCir, TangentBandsAndTouchingStepsInTheirOrder) {
   ToleranceScope tol(0.25);
   const GE_POINT up{0, 1};  // y = 0.6 travelling in -x
   // {radius, line normal, c, count, point 1}: a = r + tol misses; r + tol / 2 gives the foot of
@@ -35,11 +36,8 @@ TEST(IseCirLin, TangentBandAndOrderAlongTheLine) {
     EXPECT_NEAR(gap(p1, want), 0, 1e-15) << c;
     EXPECT_NEAR(p2.x, count == 2 ? -want.x : 0, 1e-15) << c;
   }
-}
-
-TEST(IseCirCir, TouchingStepsInTheirOrderCrossingConcentricAndApart) {
-  // {tol, r1, c2, r2, status, count, point 1}; circle 1 is about the origin.
-  const std::tuple<double, double, GE_POINT, double, uint16_t, uint16_t, GE_POINT> cases[] = {
+  // GeIseCirCir: {tol, r1, c2, r2, status, count, point 1}; circle 1 is about the origin.
+  const std::tuple<double, double, GE_POINT, double, uint16_t, uint16_t, GE_POINT> circles[] = {
       {0.25, 1, {2.25, 0}, 1, PA_OK, 1, {1.125, 0}},      // outer band, upper edge
       {0.25, 2, {1, 0}, 1, PA_OK, 1, {2, 0}},             // circle 2 inside circle 1
       {0.25, 1, {1, 0}, 2, PA_OK, 1, {-1, 0}},            // circle 1 inside circle 2
@@ -49,8 +47,8 @@ TEST(IseCirCir, TouchingStepsInTheirOrderCrossingConcentricAndApart) {
       {0.25, 3, {1, 0}, 1, PA_OK, 0, {0, 0}},
       {0.25, 1, {1, 0}, -1, PA_OK, 2, {0.5, std::sqrt(0.75)}},  // left of c1 -> c2 first
   };
-  for (auto [tol, r1, c2, r2, status, count, want] : cases) {
-    ToleranceScope scope(tol);
+  for (auto [t, r1, c2, r2, status, count, want] : circles) {
+    ToleranceScope scope(t);
     uint16_t n = 9;
     GE_POINT p1{5, 5}, p2{5, 5};
     EXPECT_EQ(GeIseCirCir(&kO, r1, &c2, r2, &n, &p1, &p2), status) << c2 << r1;
@@ -98,32 +96,30 @@ TEST(Cross, PointsLieOnBothCarriers) {
     return std::fabs(std::hypot(i.x - e.mp.x, i.y - e.mp.y) - std::fabs(e.rad));
   };
   int points = 0;
-  for (const LI_TAB_STRUCT &a : elems) {
+  for (const LI_TAB_STRUCT &a : elems)
     for (const LI_TAB_STRUCT &b : elems) {
       IsectPoint is[2]{};
       const uint16_t n = &a == &b ? 0 : GeCross(&a, &b, &is[0], &is[1]);
-      for (uint16_t k = 0; k < n; ++k, ++points) {
+      for (uint16_t k = 0; k < n; ++k, ++points)
         EXPECT_LE(std::max(off(a, is[k]), off(b, is[k])), GeEpsiGetTol() * (1 + 1e-9));
-      }
     }
-  }
   EXPECT_GT(points, 100);
 }
 
-TEST(IsectTest, OnlyTwoCrossingPointsAreNoTouchButAMissingLineIsNoTouchEither) {
+TEST(IsectTest, TwoCrossingsAreNoTouchAMissingLineNeitherParallelByAFixedLimit) {
   ToleranceScope tol(0.25);
   using Test = uint16_t (*)(const GE_POINT *, double, const GE_POINT *, double, const GE_POINT *,
                             uint16_t *, uint16_t *);
   // The unit circle about the origin against a second circle {centre, radius} or a line y = k
   // {normal, c = -k}, with a test point: {test, centre or normal, radius or c, point, touch, side}.
   const std::tuple<Test, GE_POINT, double, GE_POINT, uint16_t, uint16_t> cases[] = {
-      {GeCirCirTest, {1, 0}, 1, {0, -1}, 0, 1},  // right of the centre line
-      {GeCirCirTest, {1, 0}, 1, {2, 0}, 0, 1},   // on it counts as right
-      {GeCirCirTest, {0.25, 0}, 2, kO, 2, 0},    // centres within tol
-      {GeCirCirTest, {2.25, 0}, 1, kO, 1, 0},    // outer band, inclusive
-      {GeCirCirTest, {4, 0}, 1, kO, 1, 0},       // disjoint: a touch
-      {GeCirLinTest, kDown, -3, kO, 0, 0},       // missing: not a touch, unlike two circles
-      {GeCirLinTest, kDown, -1.25, kO, 0, 0},    // a = r + tol is outside the strict band
+      {GeCirCirTest, {1, 0}, 1, {0, 1}, 0, 0},  // left of the centre line
+      {GeCirCirTest, {1, 0}, 1, {2, 0}, 0, 1},  // on it counts as right
+      {GeCirCirTest, {0.25, 0}, 2, kO, 2, 0},   // centres within tol
+      {GeCirCirTest, {2.25, 0}, 1, kO, 1, 0},   // outer band, inclusive
+      {GeCirCirTest, {4, 0}, 1, kO, 1, 0},      // disjoint: a touch
+      {GeCirLinTest, kDown, -3, kO, 0, 0},      // missing: not a touch, unlike two circles
+      {GeCirLinTest, kDown, -1.25, kO, 0, 0},   // a = r + tol is outside the strict band
       {GeCirLinTest, kDown, -1.125, kO, 1, 0},
       {GeCirLinTest, kDown, -0.75, kO, 0, 0},       // a = r - tol: no band, no crossing
       {GeCirLinTest, kDown, -0.5, {1, 0.5}, 0, 1},  // (p - centre) x n < 0
@@ -134,9 +130,6 @@ TEST(IsectTest, OnlyTwoCrossingPointsAreNoTouchButAMissingLineIsNoTouchEither) {
     EXPECT_EQ(test(&kO, 1, &q, v, &p, &side, &touch), 0);
     EXPECT_EQ(std::make_tuple(touch, side), std::make_tuple(want_touch, want_side)) << q << v << p;
   }
-}
-
-TEST(IsectTest, LinesParallelByAFixedLimitElementsTestedAtTheFirstElementsEnd) {
   // The limit on |n1 x n2| is 5e-09 whatever the tolerance.
   const GE_POINT vertical{1, 0}, almost{4e-09, -1}, steeper{6e-09, -1};
   GE_POINT p{9, 9};
@@ -149,9 +142,9 @@ TEST(IsectTest, LinesParallelByAFixedLimitElementsTestedAtTheFirstElementsEnd) {
   const LI_TAB_STRUCT a2 = Arc({2, 0}, {0, 0}, {1, 0}, LI_ARC_CCW);
   // {element 1, element 2, touch, side}: parallel within the fixed limit; a1 ends at (0, -1),
   // right of (0,0) -> (1,0); (0,-1) x (1,0) > 0; l3 ends at (0.5, 1): (0.5,1) x (1,0) < 0.
-  const std::tuple<const LI_TAB_STRUCT *, const LI_TAB_STRUCT *, uint16_t, uint16_t> cases[] = {
+  const std::tuple<const LI_TAB_STRUCT *, const LI_TAB_STRUCT *, uint16_t, uint16_t> pairs[] = {
       {&l1, &l2, 2, 0}, {&a1, &a2, 0, 1}, {&a1, &l3, 0, 0}, {&l3, &a1, 0, 1}};
-  for (auto [e1, e2, want_touch, want_side] : cases) {
+  for (auto [e1, e2, want_touch, want_side] : pairs) {
     uint16_t side = 9, touch = 9;
     EXPECT_EQ(GeElemIsectTest(e1, e2, &side, &touch), 0);
     EXPECT_EQ(std::make_tuple(touch, side), std::make_tuple(want_touch, want_side)) << e1->ep;
@@ -178,6 +171,72 @@ TEST(CirCirTan, TangentsTouchBothCirclesOrThereAreNone) {
       EXPECT_NEAR(n[i].x * c2.x + n[i].y * c2.y - k[i], inner ? r2 : -r2, 1e-13);
     }
     EXPECT_EQ(gap(n[0], n[1]) > 1e-3, status == PA_OK) << "two tangents, or none written";
+  }
+}
+
+TEST(TouchingAndParallel, TangentBandsCurvaturesCollinearConcentricAndTheFixedCosineLimit) {
+  ToleranceScope tol(0.25);  // the cosine limit of the parallel test ignores it
+  const auto rotated = [](double a) { return Line({0, 0}, {std::cos(a), std::sin(a)}); };
+  const LI_TAB_STRUCT unit = Arc({1, 0}, {0, 1}, kO, LI_ARC_CCW), x = rotated(0);
+  const LI_TAB_STRUCT band = Line({-2, 1.125}, {2, 1.125}), cut = Line({-2, 0.5}, {2, 0.5});
+  const LI_TAB_STRUCT a4 = Arc({2, 0}, {0, 2}, kO, LI_ARC_CCW), dot = Line({0, 0}, {0.125, 0.125});
+  const LI_TAB_STRUCT outside = Arc({1, 0}, {2, 1}, {2, 0}, LI_ARC_CW);  // touches unit at (1, 0)
+  using Test = uint16_t (*)(const LI_TAB_STRUCT *, const LI_TAB_STRUCT *);
+  const std::tuple<Test, LI_TAB_STRUCT, LI_TAB_STRUCT, uint16_t> cases[] = {
+      {GeTestTang, unit, Arc({3, 0}, {0, -3}, kO, LI_ARC_CW), 1},  // concentric, whatever the radii
+      {GeTestTang, unit, outside, 1},
+      {GeTestTang, unit, Arc({0.5, 0}, {1.5, 1}, {1.5, 0}, LI_ARC_CW), 0},
+      {GeTestTang, unit, band, 1},  // r + tol/2: in the tangent band
+      {GeTestTang, cut, unit, 0},
+      {GeTestTang, x, Line({3, 0}, {5, 0}), 1},  // collinear, apart
+      {GeTestTang, x, Line({3, 0}, {5, 1}), 0},
+      {GeElemTestParallel, x, rotated(0.00005), 2},  // dot 0.99999999875
+      {GeElemTestParallel, x, rotated(0.001), 0},
+      {GeElemTestParallel, x, rotated(3.141592653589793 - 0.00005), 65535},
+      {GeElemTestParallel, Arc({1, 0}, {0, -1}, kO, LI_ARC_CW), a4, 65535},  // concentric
+      {GeElemTestParallel, a4, Arc({0, 3}, {-3, 0}, kO, LI_ARC_CCW), 2},
+      {GeElemTestParallel, a4, Arc({2, 0}, {1, 1}, {1, 0}, LI_ARC_CCW), 0},
+      {GeElemTestParallel, x, dot, 1},   // a degenerate line
+      {GeElemTestParallel, dot, a4, 1},  // both ends at the arc's centre
+      {GeElemTestParallel, x, a4, 0}};
+  for (const auto &[test, a, b, want] : cases) EXPECT_EQ(test(&a, &b), want) << a.ep << b.ep;
+  // GeTanSide: s = -1 for a counter-clockwise arc of radius 1 against a line; 1 + (-1) and
+  // 1 - (-1) for the two arcs; s = tol (k = 1/4) is not beyond it.
+  const LI_TAB_STRUCT tangent = Line({1, -1}, {1, 1}),
+                      wide = Arc({1, 0}, {5, 4}, {5, 0}, LI_ARC_CW);
+  using Case = std::tuple<const LI_TAB_STRUCT *, const LI_TAB_STRUCT *, int, uint16_t, uint16_t>;
+  const Case sides[] = {{&unit, &tangent, 0, PA_OK, 65535}, {&tangent, &unit, 0, PA_OK, 1},
+                        {&outside, &unit, 1, PA_OK, 0},     {&outside, &unit, 0, PA_OK, 1},
+                        {&wide, &tangent, 0, PA_OK, 0},     {&unit, &x, 0, PA_IMPOSSIBLE, 0}};
+  for (auto [a, b, mode, status, want] : sides) {
+    uint16_t side = 9;
+    EXPECT_EQ(GeTanSide(a, b, &side, mode), status);
+    EXPECT_EQ(side, want) << a->rad << " " << b->rad << " " << mode;
+  }
+}
+
+TEST(IdentElem, CommonStretchOfLinesClippedOfArcsNot) {
+  const LI_TAB_STRUCT a = Line({0, 0}, {4, 0}), upper = Arc({1, 0}, {-1, 0}, kO, LI_ARC_CCW);
+  const GE_POINT z{0, 0}, lower_right{std::sqrt(0.5), -std::sqrt(0.5)};
+  // {element 1, element 2, code, direction flag, point 1, point 2}
+  const std::tuple<LI_TAB_STRUCT, LI_TAB_STRUCT, uint16_t, uint32_t, GE_POINT, GE_POINT> cases[] = {
+      {a, Line({2, 0}, {6, 0}), 3, 0, {2, 0}, {4, 0}},
+      {a, Line({6, 0}, {2, 0}), 3, 1, {2, 0}, {4, 0}},   // in the first line's sense
+      {a, Line({-1, 0}, {9, 0}), 3, 0, {0, 0}, {4, 0}},  // the first inside the second
+      {a, Line({4, 0}, {6, 0}), 2, 0, z, z},             // meeting at a point only
+      {a, Line({6, 1}, {2, 1}), 1, 1, z, z},             // parallel, another carrier
+      {upper, Arc({0, 1}, {0, -1}, kO, LI_ARC_CCW), 3, 0, {0, 1}, {0, -1}},  // not clipped
+      {upper, Arc({0, -1}, lower_right, kO, LI_ARC_CCW), 2, 0, z, z},
+      {upper, Arc({2, 0}, {-2, 0}, kO, LI_ARC_CW), 1, 1, z, z},  // the sense even so
+      {upper, a, 1, 0, z, z},
+  };
+  for (const auto &[e1, e2, code, opposite, p1, p2] : cases) {
+    uint16_t got = 0;
+    uint32_t flag = 9;
+    GE_POINT q1{9, 9}, q2{9, 9};
+    GeIdentElem(&e1, &e2, &got, &flag, &q1, &q2);
+    EXPECT_EQ(std::make_tuple(got, flag), std::make_tuple(code, opposite)) << e2.ap << e2.ep;
+    EXPECT_NEAR(gap(q1, p1) + gap(q2, p2), 0, 1e-15);
   }
 }
 
