@@ -4,14 +4,6 @@
 namespace polyarc_test {
 namespace {
 
-using Points = std::vector<GE_POINT>;
-
-Points Vertices(LI_TAB_STRUCT *k) {
-  Points v;
-  for (LI_TAB_STRUCT *e : Elements(k)) v.insert(v.end(), {e->ap, e->ep});
-  return v;
-}
-
 TEST(Closing, CloseKontBridgesEveryGapAndCheckClosedMovesToTheGap) {
   Store store;
   LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {4, 0}});

@@ -7,14 +7,6 @@
 namespace polyarc_test {
 namespace {
 
-using Points = std::vector<GE_POINT>;
-
-Points Vertices(LI_TAB_STRUCT *k) {
-  Points v;
-  for (LI_TAB_STRUCT *e : Elements(k)) v.insert(v.end(), {e->ap, e->ep});
-  return v;
-}
-
 LI_TAB_STRUCT *Contour(LI_HEAD *head, std::initializer_list<LI_TAB_STRUCT> elements) {
   LI_TAB_STRUCT *k = nullptr;
   for (const LI_TAB_STRUCT &e : elements) EXPECT_EQ(LiInsertElem2(head, &k, &e), PA_OK);

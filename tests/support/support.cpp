@@ -53,6 +53,12 @@ std::vector<LI_TAB_STRUCT *> Elements(LI_TAB_STRUCT *k) {
   return out;
 }
 
+Points Vertices(LI_TAB_STRUCT *k) {
+  Points v;
+  for (LI_TAB_STRUCT *e : Elements(k)) v.insert(v.end(), {e->ap, e->ep});
+  return v;
+}
+
 namespace {
 
 struct Block {

@@ -54,6 +54,10 @@ LI_TAB_STRUCT *Polygon(LI_HEAD *head, std::initializer_list<GE_POINT> points);
 // The elements of a contour in chain order.
 std::vector<LI_TAB_STRUCT *> Elements(LI_TAB_STRUCT *k);
 
+// The end points of a contour's elements in chain order: ap, ep, ap, ep...
+using Points = std::vector<GE_POINT>;
+Points Vertices(LI_TAB_STRUCT *k);
+
 // Passes when every record the store got from the memory service is
 // either in one of the given contours or on the free list, exactly once.
 testing::AssertionResult AllRecordsAccounted(const LI_HEAD &head,
