@@ -91,10 +91,8 @@ extern "C" uint16_t LiSplitKont(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRU
   // element between a and its old successor.
   LI_TAB_STRUCT *s1 = a->next;
   LI_TAB_STRUCT *s2 = b->next;
-  b->next = s1;
-  s1->prev = b;
-  a->next = s2;
-  s2->prev = a;
+  Link(b, s1);
+  Link(a, s2);
   *kont = nullptr;
   *out1 = s1;
   *out2 = s2;

@@ -125,10 +125,8 @@ extern "C" void LiUnchainBlock(LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first, LI_TA
   // The caller's contour is re-based onto the element after the run, even
   // when its first element was outside the run.
   *kont = (after == first || before == last) ? nullptr : after;
-  last->next = first;
-  first->prev = last;
-  after->prev = before;
-  before->next = after;
+  Link(last, first);
+  Link(before, after);
 }
 
 extern "C" void LiDelBlock(LI_HEAD *head, LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first,

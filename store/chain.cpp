@@ -23,11 +23,6 @@ void CopyForInsert(LI_TAB_STRUCT *copy, const LI_TAB_STRUCT *src) {
   copy->next = copy->prev = copy;
 }
 
-void CloseChain(LI_TAB_STRUCT *first, LI_TAB_STRUCT *last) {
-  last->next = first;
-  first->prev = last;
-}
-
 // Copies first..last taking records straight off the free list, which is
 // only handed back to the store at the end. Stops early when the walk comes
 // back to first, so a last outside the chain cannot run it forever.
@@ -40,7 +35,7 @@ LI_TAB_STRUCT *CopyRun(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_S
       head.free = nullptr;
       if (Expand(head, kCopyBlock) != PA_OK) {
         if (copy_first != nullptr) {
-          CloseChain(copy_first, copy_last);
+          Link(copy_last, copy_first);
           SpliceIntoFree(head, copy_first);
         }
         return nullptr;
@@ -50,13 +45,12 @@ LI_TAB_STRUCT *CopyRun(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_S
     LI_TAB_STRUCT *copy = free;
     free = free->next;
     *copy = *src;
-    copy->prev = copy_last;
-    if (copy_last != nullptr) copy_last->next = copy;
+    if (copy_last != nullptr) Link(copy_last, copy);  // the first copy's prev comes at the close
     if (copy_first == nullptr) copy_first = copy;
     copy_last = copy;
     if (src == last || src->next == first) break;
   }
-  CloseChain(copy_first, copy_last);
+  Link(copy_last, copy_first);
   head.free = free;
   return copy_first;
 }

@@ -6,11 +6,16 @@
 
 namespace polyarc {
 
+// Makes b the successor of a.
+inline void Link(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b) {
+  a->next = b;
+  b->prev = a;
+}
+
 // Links e's neighbours to each other and makes e a one-element chain.
 inline void Unlink(LI_TAB_STRUCT *e) {
-  e->prev->next = e->next;
-  e->next->prev = e->prev;
-  e->next = e->prev = e;
+  Link(e->prev, e->next);
+  Link(e, e);
 }
 
 // Splices the chain holding b directly after a: a, b, ..., b.prev, a.next.
@@ -18,20 +23,17 @@ inline void SpliceAfter(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b) {
   if (a == b) return;
   LI_TAB_STRUCT *an = a->next;
   LI_TAB_STRUCT *bp = b->prev;
-  a->next = b;
-  b->prev = a;
-  bp->next = an;
-  an->prev = bp;
+  Link(a, b);
+  Link(bp, an);
 }
 
 // Splices the chain holding b in front of a: a.prev, b, ..., b.prev, a.
+// When a and b are in one chain, this splits it in two.
 inline void SpliceBefore(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b) {
   LI_TAB_STRUCT *ap = a->prev;
   LI_TAB_STRUCT *bp = b->prev;
-  b->prev = ap;
-  ap->next = b;
-  a->prev = bp;
-  bp->next = a;
+  Link(ap, b);
+  Link(bp, a);
 }
 
 // Appends the chain first..(first.prev) at the end of the contour *kont,
