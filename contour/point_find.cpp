@@ -37,7 +37,7 @@ bool ArcCarries(const LI_TAB_STRUCT &e, GE_POINT p, const CarryRule &rule) {
 }
 
 bool LineCarries(const LI_TAB_STRUCT &e, GE_POINT p, const CarryRule &rule) {
-  if (std::fabs(Dot(e.mp, p) - e.rad) >= rule.line_band) return false;
+  if (CarrierDistance(e, p) >= rule.line_band) return false;
   const double u = Dot(p, e.tan_ap);
   if (!(e.ang_ap - rule.eps < u && u < e.ang_ep + rule.eps)) return false;
   const bool at_end =

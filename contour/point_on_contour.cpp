@@ -17,8 +17,8 @@ bool OnElem(const LI_TAB_STRUCT &e, GE_POINT p) {
     // (a full circle) hold every angle.
     return AngleInRange(Angle(p - e.mp), RangeOf(e), Bounds::kInclusive, EqualEnds::kFullTurn);
   }
-  if (std::fabs(Dot(e.mp, p) - e.rad) >= tol) return false;
-  const double u = e.mp.x * p.y - e.mp.y * p.x;
+  if (CarrierDistance(e, p) >= tol) return false;
+  const double u = LineParameter(e, p);
   return u + tol >= e.ang_ap && u - tol <= e.ang_ep;
 }
 

@@ -65,9 +65,7 @@ uint16_t CircleCircleTest(GE_POINT c1, double r1, GE_POINT c2, double r2, GE_POI
     touch = 1;
     return static_cast<uint16_t>(errno);
   }
-  const double k = (r1 * r1 - r2 * r2 + d * d) / d;
-  const double h = SafeRoot(r1 * r1 - k * k / 4.0);
-  if (2.0 * h > tol) {
+  if (2.0 * ChordOfCircles(r1, r2, d).h > tol) {
     // On or right of the directed centre line c1 -> c2.
     side = Cross(p - c1, c2 - c1) >= 0.0 ? 1 : 0;
   } else {

@@ -27,10 +27,9 @@ struct Pair {
 };
 
 Nearest ToSegment(GE_POINT p, const LI_TAB_STRUCT &line) {
-  const GE_POINT d = LineDirection(line);
-  const double t = Dot(p, d);
+  const double t = LineParameter(line, p);
   if (line.ang_ap <= t && t <= line.ang_ep)
-    return {std::fabs(line.rad - Dot(line.mp, p)), line.rad * line.mp + t * d, t};
+    return {CarrierDistance(line, p), LinePoint(line, t), t};
   const bool start = Norm2(p - line.ap) <= Norm2(p - line.ep);
   const GE_POINT end = start ? line.ap : line.ep;
   return {Dist(p, end), end, start ? line.ang_ap : line.ang_ep};
@@ -68,11 +67,10 @@ Pair LineLine(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b) {
 // The gap is the centre's distance from the carrier less the radius; the
 // foot pair counts only when the carrier misses the circle.
 Pair LineArc(const LI_TAB_STRUCT &line, const LI_TAB_STRUCT &arc) {
-  const GE_POINT d = LineDirection(line);
-  const double t = Dot(d, arc.mp);
-  const GE_POINT foot = line.rad * line.mp + t * d;
+  const double t = LineParameter(line, arc.mp);
+  const GE_POINT foot = LinePoint(line, t);
   const double angle = Angle(foot - arc.mp);
-  const double centre_dist = std::fabs(line.rad - Dot(line.mp, arc.mp));
+  const double centre_dist = CarrierDistance(line, arc.mp);
   if (line.ang_ap <= t && t <= line.ang_ep && AngleOnArc(angle, arc) &&
       !CoincidePerAxis(foot, arc.mp, Tol()) && centre_dist > arc.rad)
     return {centre_dist - arc.rad, foot, t, Polar(arc.mp, arc.rad, angle), angle};

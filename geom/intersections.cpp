@@ -88,8 +88,7 @@ uint16_t IntersectCircles(GE_POINT c1, double r1, GE_POINT c2, double r2, uint16
     return static_cast<uint16_t>(errno);
   }
   if (d < r1 + r2 && d > std::fabs(r1 - r2)) {
-    const double k = (r1 * r1 - r2 * r2 + d * d) / d;
-    const double h = SafeRoot(r1 * r1 - k * k / 4.0);
+    const auto [k, h] = ChordOfCircles(r1, r2, d);
     const GE_POINT m = c1 + u * (k / 2.0);
     count = 1;
     p1 = m;

@@ -12,6 +12,19 @@ namespace polyarc {
 // sqrt of a radicand that rounding may have pushed to or below zero.
 inline double SafeRoot(double radicand) { return radicand > 0.0 ? std::sqrt(radicand) : 0.0; }
 
+// Where two circles with centres d apart would cross: k is twice the
+// distance from centre 1 to their common chord, along the centre line, and
+// h half the chord's length (0 when they do not cross).
+struct CircleChord {
+  double k;
+  double h;
+};
+
+inline CircleChord ChordOfCircles(double r1, double r2, double d) {
+  const double k = (r1 * r1 - r2 * r2 + d * d) / d;
+  return {k, SafeRoot(r1 * r1 - k * k / 4.0)};
+}
+
 // The crossing of the lines n1.p = c1 and n2.p = c2 (unit normals).
 // PA_PARALLEL when the sine of their angle is below the fixed limit; the
 // point is then not written.

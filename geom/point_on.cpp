@@ -22,8 +22,8 @@ uint16_t BeforeOrBeyond(const LI_TAB_STRUCT &e, double angle) {
 uint16_t OnElement(const LI_TAB_STRUCT &e, GE_POINT p, double band) {
   const double tol = Tol();
   if (IsLine(e)) {
-    if (std::fabs(Dot(e.mp, p) - e.rad) >= band) return 0;
-    const double t = Dot(p, LineDirection(e));
+    if (CarrierDistance(e, p) >= band) return 0;
+    const double t = LineParameter(e, p);
     if (t <= e.ang_ap - tol || t >= e.ang_ep + tol) return 0;
     if (CoincideByDistance(p, e.ep, tol)) return GE_AT_END;
     if (CoincideByDistance(p, e.ap, tol)) return GE_AT_START;
@@ -40,11 +40,10 @@ uint16_t NearestOnLine(GE_POINT p, const LI_TAB_STRUCT &e, GE_POINT &nearest, do
   const double tol = Tol();
   nearest = {0.0, 0.0};
   dist = 0.0;
-  const GE_POINT d = LineDirection(e);
-  const double t = Dot(p, d);
+  const double t = LineParameter(e, p);
   if (e.ang_ap <= t && t <= e.ang_ep) {
-    nearest = e.rad * e.mp + t * d;
-    dist = std::fabs(e.rad - Dot(e.mp, p));
+    nearest = LinePoint(e, t);
+    dist = CarrierDistance(e, p);
     return PA_OK;
   }
   const bool near_start = std::fabs(t - e.ang_ap) < tol;
@@ -71,7 +70,7 @@ uint16_t PointOn(const LI_TAB_STRUCT &e, GE_POINT &p, double &par) {
     return GE_AT_START;
   }
   if (IsLine(e)) {
-    const double t = Dot(p, LineDirection(e));
+    const double t = LineParameter(e, p);
     par = t;
     if (e.ang_ap < t && t < e.ang_ep) return GE_INSIDE;
     return t < e.ang_ap ? GE_BEFORE : GE_BEYOND;

@@ -39,6 +39,21 @@ constexpr bool IsArc(const LI_TAB_STRUCT &e) { return e.type == LI_ARC_CW || e.t
 // A line's unit direction, from its stored normal: d = (-n.y, n.x).
 constexpr GE_POINT LineDirection(const LI_TAB_STRUCT &e) { return LeftNormal(e.mp); }
 
+// A point's parameter along a line's carrier: p.d.
+constexpr double LineParameter(const LI_TAB_STRUCT &line, GE_POINT p) {
+  return Dot(p, LineDirection(line));
+}
+
+// The point of a line's carrier at parameter t: c.n + t.d.
+constexpr GE_POINT LinePoint(const LI_TAB_STRUCT &line, double t) {
+  return line.rad * line.mp + t * LineDirection(line);
+}
+
+// A point's distance from a line's carrier: |n.p - c|.
+inline double CarrierDistance(const LI_TAB_STRUCT &line, GE_POINT p) {
+  return std::fabs(Dot(line.mp, p) - line.rad);
+}
+
 // Adds one full turn to a negative angle difference: a sweep in [0, 2pi)
 // for differences of two angles in (-pi, pi].
 constexpr double SweepOnce(double s) { return s < 0.0 ? s + kTwoPi : s; }

@@ -13,8 +13,7 @@ namespace {
 uint16_t Project(const LI_TAB_STRUCT &e, GE_POINT p, GE_POINT &foot) {
   foot = {0.0, 0.0};
   if (IsLine(e)) {
-    const GE_POINT d = LineDirection(e);
-    foot = e.rad * e.mp + Dot(p, d) * d;
+    foot = LinePoint(e, LineParameter(e, p));
     return PA_OK;
   }
   if (CoincidePerAxis(p, e.mp, Tol())) return PA_IMPOSSIBLE;

@@ -18,9 +18,7 @@ constexpr uint16_t kIdentCarrier = 2;
 constexpr uint16_t kIdentStretch = 3;
 
 // |c - n.p| < tol for a point against a line's carrier.
-bool OnCarrier(const LI_TAB_STRUCT &line, GE_POINT p) {
-  return std::fabs(line.rad - Dot(line.mp, p)) < Tol();
-}
+bool OnCarrier(const LI_TAB_STRUCT &line, GE_POINT p) { return CarrierDistance(line, p) < Tol(); }
 
 bool Touch(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b) {
   GE_POINT p1{}, p2{};
@@ -110,9 +108,8 @@ void LineStretch(const LI_TAB_STRUCT &a, double s2, double e2, Ident &out) {
     have_upper = true;
   }
   if (!have_lower || !have_upper || !(std::fabs(upper - lower) > tol)) return;
-  const GE_POINT d = LineDirection(a);
-  out.p1 = a.rad * a.mp + lower * d;
-  out.p2 = a.rad * a.mp + upper * d;
+  out.p1 = LinePoint(a, lower);
+  out.p2 = LinePoint(a, upper);
   out.code = kIdentStretch;
 }
 
@@ -146,7 +143,7 @@ bool SameLine(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b, Ident &out) {
   const double limit = longer == 0.0 ? std::numeric_limits<double>::infinity() : tol / longer;
   out.opposite = Dot(a.mp, b.mp) < 0.0 ? 1 : 0;
   if (!(std::fabs(Cross(a.mp, b.mp)) < limit)) return false;
-  return !(std::fabs(Dot(a.mp, b.ap) - a.rad) > tol);
+  return !(CarrierDistance(a, b.ap) > tol);
 }
 
 Ident Identify(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b) {
