@@ -2,6 +2,7 @@
 // that differ in their tolerance and in how they treat element ends, and
 // the two pieces of contour that meet at a point.
 #include <cmath>
+#include <cstring>
 
 #include "geom/predicates.h"
 #include "polyarc/li.h"
@@ -70,18 +71,9 @@ LI_TAB_STRUCT *FindPt(LI_TAB_STRUCT *k, GE_POINT p) {
 }
 
 // The geometric part of an element, which is all that a caller's
-// GE_LI_ELEM holds.
+// GE_LI_ELEM holds; an element record begins with exactly those fields.
 void CopyGeometry(const LI_TAB_STRUCT &from, GE_LI_ELEM &to) {
-  to.type = from.type;
-  to.ap = from.ap;
-  to.ep = from.ep;
-  to.mp = from.mp;
-  to.box = from.box;
-  to.tan_ap = from.tan_ap;
-  to.tan_ep = from.tan_ep;
-  to.rad = from.rad;
-  to.ang_ap = from.ang_ap;
-  to.ang_ep = from.ang_ep;
+  std::memcpy(static_cast<void *>(&to), &from, sizeof to);
 }
 
 struct Pieces {

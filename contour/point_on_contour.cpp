@@ -27,9 +27,7 @@ bool OnElem(const LI_TAB_STRUCT &e, GE_POINT p) {
 // times q's distance from the centre.
 double DistanceAlong(const LI_TAB_STRUCT &e, GE_POINT q) {
   if (!IsArc(e)) return Dist(e.ap, q);
-  const double angle = Angle(q - e.mp);
-  const double swept = e.type == LI_ARC_CW ? e.ang_ap - angle : angle - e.ang_ap;
-  return SweepOnce(swept) * Dist(q, e.mp);
+  return SweepInSense(e.type, e.ang_ap, Angle(q - e.mp)) * Dist(q, e.mp);
 }
 
 // The elements that hold p2 and q, searched forwards from e1, the element

@@ -38,6 +38,9 @@ uint32_t SegmentCount(double sweep, double radius, double chord_tol) {
   return static_cast<uint32_t>(n) + 1;
 }
 
+// The points arrive by value, copied before the buffer grows, so a caller
+// may pass points that lie in the buffer itself.
+//
 // Rotates the start vector step by step rather than recomputing it from
 // the angle; the rounding that accumulates is accepted, and the last point
 // is the given end exactly.
@@ -89,9 +92,6 @@ uint16_t SplitLine(GE_POINT3 start, GE_POINT3 end, GE_POINT3 *&out, int32_t n) {
 }  // namespace polyarc
 
 using namespace polyarc;
-
-// The points are copied before the buffer grows: a caller may pass points
-// that lie in the buffer itself.
 
 extern "C" uint32_t GeArcToLinesCalcSeg(double sweep, double radius, double chord_tol) {
   return SegmentCount(sweep, radius, chord_tol);
