@@ -30,5 +30,19 @@ static_assert(offsetof(LI_HEAD, free) < offsetof(LI_HEAD, blocks));
 static_assert(offsetof(LI_HEAD, blocks) < offsetof(LI_HEAD, nblocks));
 static_assert(offsetof(IsectPoint, par2) < offsetof(IsectPoint, pos1));
 
+// A crossing record begins with the point record that GeCross fills.
+static_assert(offsetof(GE_CROSS, pt) == offsetof(IsectPoint, x));
+static_assert(offsetof(GE_CROSS, par_a) == offsetof(IsectPoint, par1));
+static_assert(offsetof(GE_CROSS, par_b) == offsetof(IsectPoint, par2));
+static_assert(offsetof(GE_CROSS, loc_a) == offsetof(IsectPoint, pos1));
+static_assert(offsetof(GE_CROSS, loc_b) == offsetof(IsectPoint, pos2));
+static_assert(sizeof(IsectPoint) == offsetof(GE_CROSS, elem_a));
+static_assert(offsetof(GE_CROSS, elem_a) < offsetof(GE_CROSS, elem_b));
+static_assert(offsetof(GE_CROSS, elem_b) < offsetof(GE_CROSS, next_a));
+static_assert(offsetof(GE_CROSS, next_a) < offsetof(GE_CROSS, next_b));
+static_assert(offsetof(GE_CROSS, next_b) < offsetof(GE_CROSS, mode));
+static_assert(offsetof(GE_CROSS, mode) < offsetof(GE_CROSS, side));
+static_assert(offsetof(GE_CROSS, side) < offsetof(GE_CROSS, rev));
+
 }  // namespace
 }  // namespace polyarc

@@ -201,6 +201,28 @@ POLYARC_EXTERN int LiLastElem(const LI_TAB_STRUCT *e);
  * tangent at the start). Returns 0. */
 POLYARC_EXTERN uint16_t LiNormPt(const LI_TAB_STRUCT *e, const GE_POINT *p, GE_POINT *out);
 
+/* ---- Containment ------------------------------------------------------ */
+
+/* Results of LiPointInKont. */
+enum { LI_PT_ON = 0, LI_PT_INSIDE = 1, LI_PT_OUTSIDE = 65535 };
+
+/* Where p lies against the closed contour k, by the winding angle that k
+ * sweeps round p (either orientation, arcs unsplit): LI_PT_ON within tol of
+ * k, LI_PT_INSIDE, or LI_PT_OUTSIDE (also for a null k or p). */
+POLYARC_EXTERN uint16_t LiPointInKont(const LI_TAB_STRUCT *k, const GE_POINT *p);
+
+/* 1 when every vertex of inner (and, for an open inner, its end point)
+ * lies inside or on outer, else 0. Edges are not tested: an edge that
+ * leaves outer between two inside vertices is not seen. */
+POLYARC_EXTERN int LiKontInKont(const LI_TAB_STRUCT *inner, const LI_TAB_STRUCT *outer);
+
+/* 1 when inner lies inside (or on) outer, edges included: the box test,
+ * the vertex test, then a point of every piece of inner between its
+ * crossings with outer. The boxes are the contours' LiKontBox corners. */
+POLYARC_EXTERN int LiKontExactInKont(const LI_TAB_STRUCT *inner, const LI_TAB_STRUCT *outer,
+                                     const GE_POINT *inner_min, const GE_POINT *inner_max,
+                                     const GE_POINT *outer_min, const GE_POINT *outer_max);
+
 /* ---- Contour construction --------------------------------------------- */
 
 /* Appends a move to p (type 2, ap = ep = p, not expanded), unless p

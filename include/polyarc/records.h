@@ -145,4 +145,43 @@ typedef struct IsectPoint {
   uint16_t pos2;
 } IsectPoint;
 
+/* A crossing between an element of contour A and an element of contour B
+ * (or of one contour with itself), with its classification. The fields up
+ * to reserved are exactly an IsectPoint as GeCross fills it. */
+typedef struct GE_CROSS {
+  GE_POINT pt;            /* the crossing point */
+  double par_a;           /* parameter on elem_a: line position or polar angle */
+  double par_b;           /* the same on elem_b */
+  uint16_t loc_a;         /* position code on elem_a (GE_AT_START .. GE_INSIDE) */
+  uint16_t loc_b;         /* position code on elem_b */
+  uint32_t reserved;      /* copied with the point record, never read */
+  LI_TAB_STRUCT *elem_a;  /* element of A that carries (after splitting: ends at) pt */
+  LI_TAB_STRUCT *elem_b;  /* the same on B */
+  LI_TAB_STRUCT *next_a;  /* after splitting: the element of A that starts at pt */
+  LI_TAB_STRUCT *next_b;  /* the same on B */
+  uint16_t mode;          /* FL_MODE_*: how B passes A here */
+  uint16_t side;          /* +1, 0, or 65535 (-1): the side B lies off A */
+  uint32_t rev;           /* 1 when B's overlapping half runs against A */
+} GE_CROSS;
+
+/* Crossing lists and contour lists are growable arrays from the
+ * memory-block service, addressed by the index of their last entry:
+ * FL_EMPTY (-1) while empty. A crossing list (GE_CROSS *, null while
+ * empty) grows by FL_CROSS_STEP entries up to FL_CROSS_MAX and is freed
+ * with FlFreeCross. A contour list (LI_TAB_STRUCT **, one contour handle
+ * per entry) holds result loops; FlFreeList gives its contours back and
+ * frees it. */
+enum { FL_EMPTY = -1, FL_CROSS_STEP = 16, FL_CROSS_MAX = 32767 };
+
+/* Classification of a crossing (GE_CROSS.mode). */
+enum {
+  FL_MODE_CROSS = 0,      /* B passes from one side of A to the other */
+  FL_MODE_JOIN = 1,       /* B joins A and runs along it (or leaves after running against it) */
+  FL_MODE_LEAVE = 2,      /* B leaves A after running along it (or joins running against it) */
+  FL_MODE_VOID = 3        /* a touch, a duplicate or cancelled: skipped from then on */
+};
+
+/* Operation codes of the crossing pipelines and Boolean operations. */
+enum { FL_OP_UNION = 4, FL_OP_INTERSECTION = 5, FL_OP_DIFFERENCE = 6 };
+
 #endif /* POLYARC_RECORDS_H */

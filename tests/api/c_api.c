@@ -3,6 +3,7 @@
 #include <stdio.h>
 #include <string.h>
 
+#include "polyarc/fl.h"
 #include "polyarc/ge.h"
 #include "polyarc/li.h"
 #include "polyarc/platform.h"
