@@ -40,4 +40,11 @@ testing::AssertionResult Near(GE_POINT got, GE_POINT want);
 testing::AssertionResult SameEntries(const GE_CROSS *a, int16_t a_last, const GE_CROSS *b,
                                      int16_t b_last);
 
+// The crossing lists by the literal rule, comparing every pair of elements
+// (and walking each neighbourhood) and entering with FlNewCross: the
+// reference that the library's indexed builders must match entry for
+// entry.
+uint16_t AllPairsCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **list, int16_t *last);
+uint16_t AllPairsCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t *last, int16_t n);
+
 }  // namespace polyarc_test
