@@ -1,6 +1,7 @@
 # Sourced by scripts/test and scripts/demo: installs the build dependencies
-# that are missing (cmake, a C++ compiler, GoogleTest) with apt-get when
-# running as root on Debian; otherwise says what to install.
+# that are missing (cmake, a C++ compiler; for the tests GoogleTest and the
+# Boost headers, whose Boost.Geometry checks the Boolean operations) with
+# apt-get when running as root on Debian; otherwise says what to install.
 polyarc_missing_deps() {
   local missing=()
   command -v cmake >/dev/null 2>&1 || missing+=(cmake)
@@ -9,6 +10,9 @@ polyarc_missing_deps() {
   command -v nm >/dev/null 2>&1 || missing+=(binutils)
   if [ "${1:-}" = tests ] && [ ! -f /usr/include/gtest/gtest.h ]; then
     missing+=(libgtest-dev)
+  fi
+  if [ "${1:-}" = tests ] && [ ! -f /usr/include/boost/geometry.hpp ]; then
+    missing+=(libboost-dev)
   fi
   echo "${missing[@]}"
 }
