@@ -1,5 +1,6 @@
 // Joining two contours along the stretches they share, and removing
 // spikes that run straight back.
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <vector>
@@ -114,6 +115,22 @@ TEST(UnionIdent, ArcsThatOnlyMeetEndToEndAreNotShared) {
   EXPECT_NEAR(LiKontArea(disc.out), kPi, 1e-12);
   EXPECT_EQ(LiCountElem(disc.out), 2u);
   EXPECT_TRUE(AllRecordsAccounted(store.head(), disc.All()));
+}
+
+// Far from the origin a tilt of 4e-6 is within the tolerance over the
+// shared side, and the loop's corners are the contours' own corners.
+TEST(UnionIdent, NearlyParallelSidesFarFromTheOriginJoinAtTheirCorners) {
+  Store store;
+  LI_TAB_STRUCT *below = Square(store.get(), 0, 999);
+  LI_TAB_STRUCT *above = Polygon(store.get(), {{0, 1000}, {1, 1000 + 4e-6}, {1, 1001}, {0, 1001}});
+  const Points corners = Vertices(below), more = Vertices(above);
+  Joined j = UnionIdent(store.get(), below, above, 0);
+  ASSERT_EQ(j.status, PA_OK);
+  EXPECT_NEAR(LiKontArea(j.out), 2.0, 1e-9);
+  for (const GE_POINT &p : Vertices(j.out))
+    EXPECT_TRUE(std::count(corners.begin(), corners.end(), p) + std::count(more.begin(), more.end(), p))
+        << p;
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), j.All()));
 }
 
 // A bar over a comb whose teeth touch the bar's underside on [2i, 2i + 1]:
