@@ -301,11 +301,46 @@ POLYARC_EXTERN uint16_t FlCleanKont(LI_HEAD *head, LI_TAB_STRUCT **k, int16_t si
 
 /* ---- Boolean operations ----------------------------------------------- */
 
-/* Union, difference (a - b) and intersection of two closed contours,
- * computed on copies (a and b are never changed). Elements shorter than
- * short_len are removed from the copies (keep 0 flattens arcs as well).
- * See the documentation of the result: status, then *no_cross, then
- * either *loops (0..*last) or *contain. */
+/* Union, difference (a - b) and intersection of two closed contours of
+ * either orientation, computed on copies: a and b are never changed, and
+ * every copy goes back to the store on every path.
+ *
+ * The copies lose their elements shorter than short_len (LiRemShort;
+ * with keep 0 nearly straight arcs become lines too) and their slivers
+ * (an arc whose ends coincide within tol in a contour of several
+ * elements: a cut left it, and as a full circle it would count as a whole
+ * disc and cross b anywhere on its circle). Boxes that do not overlap end
+ * the call at once. Then a runs counter-clockwise, and b too for union and
+ * intersection, clockwise for the difference; the crossing pipeline
+ * (FlCrossKonturClosed) rewires them, and FlCrossKonturCleanClosed keeps
+ * the loops the operation wants, given both areas.
+ *
+ * Reading the result:
+ * 1. status != 0: no result. *loops is null and *last FL_EMPTY.
+ *    PA_INVALID with *no_cross 0: a single loop, or two outer loops of a
+ *    union. PA_IMPOSSIBLE with *no_cross 0: the contours crossed but no
+ *    loop is of the operation's kind; for an intersection of contours
+ *    that only share boundary (a common side, part of one) this is the
+ *    empty intersection. PA_IMPOSSIBLE or PA_NO_RECORD with *no_cross 1:
+ *    the store or the memory ran out (or a crossing point was lost);
+ *    PA_LIST_FULL: more than FL_CROSS_MAX crossings; other codes come
+ *    from LiRemShort or the element recomputations. PA_INVALID for a null
+ *    argument or an empty contour.
+ * 2. *no_cross 0: the region is the loops 0..*last of *loops, a contour
+ *    list the caller frees with FlFreeList. A union gives its outer loop
+ *    (counter-clockwise) at index 0, then its holes (clockwise); an
+ *    intersection or a difference gives counter-clockwise loops, one per
+ *    piece.
+ * 3. *no_cross 1: nothing crossed, *loops is null, and *contain says how
+ *    the contours nest: 1 when a lies inside b (LiKontExactInKont; on the
+ *    boundary counts as inside), -1 when b lies inside a, 0 when they lie
+ *    apart (also when the boxes are disjoint). The caller draws:
+ *                  union          intersection   a - b
+ *      contain 1:  b              a              nothing
+ *      contain -1: a              b              a with b as its hole
+ *      contain 0:  a and b        nothing        a
+ * Contours that only touch at points do not cross (*no_cross 1); those
+ * that share a stretch of boundary usually do. */
 POLYARC_EXTERN uint16_t FlUnionKont(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b,
                                     double short_len, int32_t keep, LI_TAB_STRUCT ***loops,
                                     int16_t *last, uint32_t *no_cross, int16_t *contain);
@@ -422,8 +457,12 @@ POLYARC_EXTERN int16_t FlTangSide(const void *unused, const LI_TAB_STRUCT *e1, c
 POLYARC_EXTERN uint16_t FlParaTest(const void *unused, const LI_TAB_STRUCT *e1,
                                    const LI_TAB_STRUCT *e2);
 
-/* The largest loop of a - b (or of a and b, with isect set) in *out, or
- * null when they do not cross. Returns the Boolean operation's status. */
+/* The loop of largest |area| (the first of equals) of a - b, or of the
+ * intersection of a and b with isect set, in *out; the caller owns it.
+ * Short elements are removed at tol (at 100 x tol when tol is below its
+ * default 5e-05) and arcs are kept. *out stays null when the operation
+ * fails or the contours do not cross (whatever their nesting). Returns
+ * the Boolean operation's status, or PA_INVALID for a null out. */
 POLYARC_EXTERN uint16_t FlBewDiffMaxKont(LI_HEAD *head, const LI_TAB_STRUCT *a,
                                          const LI_TAB_STRUCT *b, int32_t isect,
                                          LI_TAB_STRUCT **out);
