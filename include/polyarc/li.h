@@ -367,7 +367,7 @@ POLYARC_EXTERN uint16_t LiRadKorr(LI_TAB_STRUCT *e);
 /* 1 when p lies on e: within tol (by distance) of an end; else within tol
  * of the carrier (an arc's circle of radius rad) and, for a line, within
  * tol of its parameter range, for an arc exactly inside its angle range
- * (every angle for equal end angles). 0 otherwise, and for null input. */
+ * (every angle for a full circle). 0 otherwise, and for null input. */
 POLYARC_EXTERN int LiPtOnElem(const LI_TAB_STRUCT *e, const GE_POINT *p);
 
 /* The first element of the contour, in chain order from k, on which p lies
@@ -488,7 +488,8 @@ POLYARC_EXTERN uint16_t LiElemVerl(LI_HEAD *head, LI_TAB_STRUCT **kont, double l
  * within tol of an end, the arc is a full circle, or p's angle is in its
  * range (exactly, bounds included). A line or move carries p within
  * 10 x tol across it and tol along it: p within tol of an end, or strictly
- * between its ends. So a joint point belongs to the earlier element. */
+ * between its ends. So a joint point belongs to the earlier element. A full
+ * circle is an arc whose ends coincide within tol per axis. */
 POLYARC_EXTERN LI_TAB_STRUCT *LiKontFindPt(LI_TAB_STRUCT *k, const GE_POINT *p);
 
 /* As LiKontFindPt, but elements with an end within tol per axis of p are

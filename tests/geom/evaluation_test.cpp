@@ -105,5 +105,64 @@ TEST(Projection, FeetSidesTangentsCurvatureMidpointsAndTheNormalForm) {
   EXPECT_EQ(GeGeoLineToNf(&b, &b, &n, &c, &par1, &par2), PA_ZERO_LENGTH);
 }
 
+// The unit circle that LiCreateCircle builds holds every angle: radial feet,
+// sides inside the range, on-element codes. Both senses, two centres.
+TEST(FullCircle, HoldsEveryAngleInEitherSenseAboutAnyCentre) {
+  for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
+    for (const uint16_t dir : {1, 2}) {
+      LI_TAB_STRUCT e{};
+      ASSERT_EQ(LiCreateCircle(&c, 1, dir, &e), PA_OK);
+      const int32_t inside = dir == 2 ? -1 : 1;  // the centre is right of clockwise travel
+      const auto at = [&](double x, double y) { return GE_POINT{c.x + x, c.y + y}; };
+      // {point, GePtOnArc status, distance, nearest, angle}
+      const std::tuple<GE_POINT, uint16_t, double, GE_POINT, double> feet[] = {
+          {at(0, 2), PA_NOT_ON, 1, at(0, 1), kPi / 2},
+          {at(0, 1), PA_OK, 0, at(0, 1), kPi / 2},
+          {at(-3, 0), PA_NOT_ON, 2, at(-1, 0), kPi},
+          {at(0, -0.5), PA_NOT_ON, 0.5, at(0, -1), -kPi / 2}};
+      for (auto [p, status, want_dist, want_nearest, want_angle] : feet) {
+        double dist = -1, angle = 9;
+        GE_POINT nearest{9, 9};
+        EXPECT_EQ(GePtOnArc(&p, &e, &dist, &nearest, &angle), status) << p;
+        EXPECT_NEAR(dist, want_dist, 1e-15) << p;
+        EXPECT_NEAR(std::hypot(nearest.x - want_nearest.x, nearest.y - want_nearest.y), 0, 1e-15);
+        EXPECT_DOUBLE_EQ(angle, want_angle) << p;
+        double far = -1;
+        GePtArcDist(&p, &e, &far, &nearest, &angle);
+        EXPECT_EQ(far, dist) << p;
+      }
+      const GE_POINT half = at(0, 0.5), west = at(-1, 0);
+      int32_t side = 9;
+      double dist = -1, par = 9;
+      EXPECT_EQ(GePtElemSide(&e, &half, &side, &dist), PA_OK);
+      EXPECT_EQ(std::make_tuple(side, dist), std::make_tuple(inside, 0.5));
+      GE_POINT p = west;
+      EXPECT_EQ(std::make_tuple(GePtOnElem(&e, &west), GePointOn(&e, &p, &par)),
+                std::make_tuple(GE_INSIDE, GE_INSIDE));
+    }
+  }
+}
+
+// Ends 1 apart in x and in y (sqrt 2 apart) with tol 1.25: a full circle by
+// the per-axis rule, for every function alike. The arc from (4, 3) to (3, 4)
+// on the circle of radius 5 would otherwise be a short one.
+TEST(FullCircle, EveryFunctionDecidesItPerAxis) {
+  ToleranceScope tol(1.25);
+  Store store;
+  LI_TAB_STRUCT e = Arc({4, 3}, {3, 4}, {0, 0}, LI_ARC_CCW), *k = nullptr;
+  ASSERT_EQ(LiInsertElem2(store.get(), &k, &e), PA_OK);
+  GE_POINT west{-5, 0}, nearest{};
+  double par = 0, dist = 0;
+  int32_t side = 0;
+  EXPECT_EQ(GePtOnElem(&e, &west), GE_INSIDE);
+  EXPECT_EQ(GePointOn(&e, &west, &par), GE_INSIDE);
+  EXPECT_EQ(GePtElemSide(&e, &west, &side, &dist), PA_OK);
+  EXPECT_EQ(GePtOnArc(&west, &e, &dist, &nearest, &par), PA_OK);
+  EXPECT_EQ(LiPtOnElem(&e, &west), 1);
+  EXPECT_EQ(LiKontFindPt(k, &west), k);
+  EXPECT_DOUBLE_EQ(LiElemLen(&e), 10 * kPi);
+  EXPECT_EQ(std::make_tuple(e.box.xmin, e.box.ymax), std::make_tuple(-6.25, 6.25));
+}
+
 }  // namespace
 }  // namespace polyarc_test
