@@ -278,8 +278,10 @@ POLYARC_EXTERN uint16_t LiCreateCircle(const GE_POINT *cen, double r, uint16_t d
 /* Moves e in place to the parallel element at distance d to the left of
  * its travel (side +1) or to the right (side -1): the ends move along the
  * stored tangents' normals, rad changes by the offset, and the box is
- * recomputed; centre, tangents and angles stay (no check that an arc's
- * radius stays positive). Returns 0, or PA_INVALID for a null e. */
+ * recomputed; centre, tangents and angles stay. There is no check that an
+ * arc's radius stays positive: an arc moved past its centre gets rad < 0
+ * (records.h says how such an arc reads). Returns 0, or PA_INVALID for a
+ * null e. */
 POLYARC_EXTERN uint16_t LiParElem(LI_TAB_STRUCT *e, int16_t side, double d);
 
 /* Offsets e in place by a distance that runs linearly from d0 at the start
@@ -293,10 +295,13 @@ POLYARC_EXTERN uint16_t LiParElem(LI_TAB_STRUCT *e, int16_t side, double d);
 POLYARC_EXTERN uint16_t LiConicElem(LI_TAB_STRUCT *e, int16_t side, double d0, double d1);
 
 /* Recomputes the derived fields of e from its type, ap, ep (and mp, rad for
- * arcs), box included. Returns 0, PA_ZERO_LENGTH for a line or move of
- * exactly zero length (direction left zero), or PA_ZERO_RADIUS for an arc
- * with |rad| < tol (tangents left zero, box still computed). Other types
- * only get their box. PA_INVALID for a null e. */
+ * arcs), box included. An arc's tangents are the type's tangent vectors
+ * divided by rad; with rad < 0 they point against the travel and its
+ * angles are the polar angles plus pi, as records.h describes. Returns 0,
+ * PA_ZERO_LENGTH for a line or move of exactly zero length (direction left
+ * zero), or PA_ZERO_RADIUS for an arc with |rad| < tol (tangents left
+ * zero, box still computed). Other types only get their box. PA_INVALID
+ * for a null e. */
 POLYARC_EXTERN uint16_t LiElemExpand(LI_TAB_STRUCT *e);
 
 /* LiElemExpand for a line or move (e is expanded as a line whatever its
@@ -305,9 +310,10 @@ POLYARC_EXTERN uint16_t LiElemExpandDrawVectorized(LI_TAB_STRUCT *e);
 
 /* ---- Element measures and splitting ----------------------------------- */
 
-/* Writes e's box: the tight box of the element (an arc's own extent, a full
- * circle's whole circle) pushed outwards by tol on every side. Types other
- * than arcs are boxed as the segment ap-ep. */
+/* Writes e's box: the tight box of the element (an arc's own extent from
+ * ap to ep on the circle of radius |rad|, a full circle's whole circle,
+ * whatever the sign of rad) pushed outwards by tol on every side. Types
+ * other than arcs are boxed as the segment ap-ep. */
 POLYARC_EXTERN void LiElemBox(LI_TAB_STRUCT *e);
 
 /* The tight box of e without the tolerance margin, in *lo and *hi. */
@@ -319,14 +325,15 @@ POLYARC_EXTERN void LiElemRealBox(const LI_TAB_STRUCT *e, GE_POINT *lo, GE_POINT
  * reversing twice restores an expanded element exactly. */
 POLYARC_EXTERN void LiElemUmdreh(LI_TAB_STRUCT *e);
 
-/* Length of e: ang_ep - ang_ap for non-arcs, the swept angle times rad for
- * arcs, 2 pi rad for an arc whose ends coincide within tol per axis.
- * 0 for a null e. */
+/* Length of e: ang_ep - ang_ap for non-arcs, the swept angle times |rad|
+ * for arcs, 2 pi |rad| for a full circle (ends within tol per axis), so an
+ * arc's length is never negative. 0 for a null e. */
 POLYARC_EXTERN double LiElemLen(const LI_TAB_STRUCT *e);
 
 /* The point at fraction u of the way along e: ap for u < 0, ep for u > 1.
- * An arc with equal end angles (a full circle) has sweep 0 and gives ap for
- * every u. (0, 0) for a null e. */
+ * An arc with equal end angles (a full circle) deliberately has sweep 0 and
+ * gives ap for every u: split a full circle to get points on it. (0, 0)
+ * for a null e. */
 POLYARC_EXTERN GE_POINT LiElemPt(const LI_TAB_STRUCT *e, double u);
 
 /* Sum of LiElemLen over the contour; 0 for a null contour. */
@@ -354,14 +361,15 @@ POLYARC_EXTERN uint16_t LiElemSplit(LI_HEAD *head, LI_TAB_STRUCT *e, LI_TAB_STRU
 POLYARC_EXTERN uint16_t LiElemTeilen(LI_HEAD *head, LI_TAB_STRUCT *e, LI_TAB_STRUCT **out,
                                      const GE_POINT *p);
 
-/* Moves an arc's centre so that both ends lie at distance rad from it: to
- * the crossing of the circles of radius rad about ap and ep nearer the old
- * centre (the first on a tie), or, when ap and ep are more than 2 rad
- * apart, to the chord's middle with rad half the chord. Nothing changes
- * when |rad| <= tol, ap and ep coincide within tol per axis, or both ends
- * are already within tol of the circle. Derived fields are not recomputed
- * (call LiElemExpand). Returns 0, the status of GeIseCirCir, or PA_INVALID
- * for a null e or one that is not an arc (type 3 or 4). */
+/* Moves an arc's centre so that both ends lie at distance |rad| from it: to
+ * the crossing of the circles of radius |rad| about ap and ep nearer the
+ * old centre (the first on a tie), or, when ap and ep are more than 2 |rad|
+ * apart, to the chord's middle with |rad| half the chord. A negative rad
+ * keeps its sign. Nothing changes when |rad| <= tol, ap and ep coincide
+ * within tol per axis (a full circle), or both ends are already within tol
+ * of the circle. Derived fields are not recomputed (call LiElemExpand).
+ * Returns 0, the status of GeIseCirCir, or PA_INVALID for a null e or one
+ * that is not an arc (type 3 or 4). */
 POLYARC_EXTERN uint16_t LiRadKorr(LI_TAB_STRUCT *e);
 
 /* 1 when p lies on e: within tol (by distance) of an end; else within tol

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstring>
 #include <tuple>
+#include <utility>
 
 #include "support/support.h"
 
@@ -118,6 +119,43 @@ TEST(ParElemAndConicElem, LinesMoveSidewaysArcsChangeTheirRadiusEndsByTheirOwnDi
   EXPECT_NEAR(std::hypot(e.ep.x, e.ep.y - 2), 0, 1e-15) << e.ep;
   EXPECT_EQ(LiPtOnElem(&e, &middle), 1);
   EXPECT_EQ(LiParElem(nullptr, 1, 1) + LiConicElem(nullptr, 1, 1, 1), 2 * PA_INVALID);
+}
+
+// Radius 5 moved 7 towards the centre (rad -2) covers the lower left quarter
+// of radius 2, whichever sense it runs: box and length from |rad|. A full
+// circle of radius 1 moved 3 inwards has the box of radius 2. Expanding it
+// again changes none of its fields.
+TEST(PastTheCentre, BoxHoldsTheCoveredPointsLengthIsPositiveAndExpandingKeepsTheFields) {
+  for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
+    const auto at = [&](double x, double y) { return GE_POINT{c.x + x, c.y + y}; };
+    using Row = std::tuple<LI_TAB_STRUCT, int16_t, double, GE_POINT, GE_POINT, double>;
+    for (const auto &[elem, side, d, lo, hi, length] :
+         {Row{Arc(at(5, 0), at(0, 5), c, LI_ARC_CCW), 1, 7, at(-2, -2), at(0, 0), kPi},
+          Row{Arc(at(0, 5), at(5, 0), c, LI_ARC_CW), -1, 7, at(-2, -2), at(0, 0), kPi},
+          Row{Arc(at(1, 0), at(1, 0), c, LI_ARC_CCW), 1, 3, at(-2, -2), at(2, 2), 4 * kPi},
+          Row{Arc(at(1, 0), at(1, 0), c, LI_ARC_CW), -1, 3, at(-2, -2), at(2, 2), 4 * kPi}}) {
+      SCOPED_TRACE(testing::Message() << "type " << elem.type << " about " << c);
+      LI_TAB_STRUCT e = elem;
+      ASSERT_EQ(LiParElem(&e, side, d), PA_OK);
+      EXPECT_EQ(e.rad, -2);
+      GE_POINT real_lo{}, real_hi{};
+      LiElemRealBox(&e, &real_lo, &real_hi);
+      EXPECT_NEAR(std::hypot(real_lo.x - lo.x, real_lo.y - lo.y), 0, 1e-14);
+      EXPECT_NEAR(std::hypot(real_hi.x - hi.x, real_hi.y - hi.y), 0, 1e-14);
+      const double tol = GeEpsiGetTol();
+      EXPECT_TRUE(e.box.xmin == real_lo.x - tol && e.box.ymax == real_hi.y + tol);
+      EXPECT_NEAR(LiElemLen(&e), length, 1e-14);
+      LI_TAB_STRUCT again = e;
+      EXPECT_EQ(LiElemExpand(&again), PA_OK);
+      for (auto [got, want] : {std::pair{again.ang_ap, e.ang_ap},
+                               {again.ang_ep, e.ang_ep},
+                               {again.tan_ap.x, e.tan_ap.x},
+                               {again.tan_ap.y, e.tan_ap.y},
+                               {again.tan_ep.x, e.tan_ep.x},
+                               {again.tan_ep.y, e.tan_ep.y}})
+        EXPECT_NEAR(got, want, 1e-14);
+    }
+  }
 }
 
 }  // namespace

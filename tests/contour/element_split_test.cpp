@@ -1,10 +1,14 @@
 // Cutting elements in two, and the radius correction of arc pieces.
+#include <cmath>
+#include <random>
 #include <tuple>
 
 #include "support/support.h"
 
 namespace polyarc_test {
 namespace {
+
+constexpr double kPi = 3.141592653589793;
 
 using Cut = uint16_t (*)(LI_HEAD *, LI_TAB_STRUCT *, LI_TAB_STRUCT **, const GE_POINT *);
 const Cut kCuts[] = {LiElemSplit, LiElemTeilen};
@@ -75,6 +79,111 @@ TEST(Cut, OnlyTeilenCorrectsTheRadius) {
   ASSERT_EQ(LiInsertElem2(store.get(), &k, &arc), PA_OK);
   EXPECT_EQ(LiElemTeilen(store.get(), k, &out, &off), PA_ZERO_RADIUS);
   EXPECT_EQ(out->mp, arc.mp);
+}
+
+// The unit quarter from 0 to pi/2 (or back, clockwise) moved 2 towards its
+// centre covers the lower left quarter. Cut at its middle, the piece up to
+// the middle still has the line y = -0.5 cross it at angle -5 pi / 6.
+TEST(PastTheCentre, APieceKeepsItsCrossingsAndAPositiveLength) {
+  Store store;
+  const double h = std::sqrt(0.75);
+  for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
+    for (const uint16_t type : {LI_ARC_CCW, LI_ARC_CW}) {
+      SCOPED_TRACE(testing::Message() << "type " << type << " about " << c);
+      const GE_POINT east{c.x + 1, c.y}, north{c.x, c.y + 1};
+      LI_TAB_STRUCT arc =
+          type == LI_ARC_CCW ? Arc(east, north, c, type) : Arc(north, east, c, type);
+      ASSERT_EQ(LiParElem(&arc, type == LI_ARC_CCW ? 1 : -1, 2), PA_OK);
+      LI_TAB_STRUCT *k = nullptr, *first = nullptr;
+      ASSERT_EQ(LiInsertElem2(store.get(), &k, &arc), PA_OK);
+      const GE_POINT middle = LiElemPt(k, 0.5);
+      ASSERT_EQ(LiElemTeilen(store.get(), k, &first, &middle), PA_OK);
+      const LI_TAB_STRUCT line = Line({c.x - 3, c.y - 0.5}, {c.x + 3, c.y - 0.5});
+      const GE_POINT west_cross{c.x - h, c.y - 0.5};
+      // The crossing lies on the piece that runs through polar angle -5 pi / 6:
+      // the first counter-clockwise from pi, the second clockwise from -pi / 2.
+      const bool ccw = type == LI_ARC_CCW;
+      // {element, position code of the crossing, length}
+      const std::tuple<const LI_TAB_STRUCT *, uint16_t, double> rows[] = {
+          {&arc, GE_INSIDE, kPi / 2},
+          {ccw ? first : k, GE_INSIDE, kPi / 4},
+          {ccw ? k : first, ccw ? GE_BEFORE : GE_BEYOND, kPi / 4}};
+      for (auto [e, pos, length] : rows) {
+        IsectPoint i[2]{};
+        ASSERT_EQ(GeCross(e, &line, &i[0], &i[1]), 2);
+        const IsectPoint &west = i[0].x < i[1].x ? i[0] : i[1];
+        EXPECT_NEAR(std::hypot(west.x - west_cross.x, west.y - west_cross.y), 0, 1e-14);
+        EXPECT_EQ(west.pos1, pos) << length;
+        EXPECT_LT(e->rad, 0);
+        EXPECT_NEAR(LiElemLen(e), length, 1e-14);
+        if (pos == GE_INSIDE) {
+          EXPECT_TRUE(e->box.ymin < c.y - 0.5 && c.y - 0.5 < e->box.ymax && e->box.xmin < c.x - h &&
+                      c.x - h < e->box.xmax)
+              << "the box holds it";
+        }
+      }
+    }
+  }
+}
+
+// Arcs moved past their centre, cut at random points and crossed with
+// random lines: every crossing on the whole arc (codes 1 to 3) lies on
+// exactly one piece, or on both at the cut, and on no piece otherwise.
+TEST(PastTheCentre, EveryCrossingLiesOnExactlyOnePiece) {
+  std::mt19937 rng(7);
+  std::uniform_real_distribution<double> unit(0, 1);
+  Store store;
+  int crossings = 0;
+  for (int i = 0; i < 300; ++i) {
+    const GE_POINT c{20 * unit(rng) - 10, 20 * unit(rng) - 10};
+    const double r = 0.5 + 4.5 * unit(rng), a = kPi * (2 * unit(rng) - 1);
+    const double turn = (0.3 + 5.7 * unit(rng)) * (i % 2 ? -1 : 1);
+    const uint16_t type = i % 2 ? LI_ARC_CW : LI_ARC_CCW;
+    const GE_POINT ap{c.x + r * std::cos(a), c.y + r * std::sin(a)},
+        ep{c.x + r * std::cos(a + turn), c.y + r * std::sin(a + turn)};
+    LI_TAB_STRUCT whole = Arc(ap, ep, c, type);
+    ASSERT_EQ(LiParElem(&whole, type == LI_ARC_CCW ? 1 : -1, r * (1.2 + 2 * unit(rng))), PA_OK);
+    const Cut cut = kCuts[i % 4 < 2 ? 0 : 1];
+    LI_TAB_STRUCT *k = nullptr, *out = nullptr;
+    ASSERT_EQ(LiInsertElem2(store.get(), &k, &whole), PA_OK);
+    const GE_POINT p = LiElemPt(&whole, 0.1 + 0.8 * unit(rng));
+    ASSERT_EQ(cut(store.get(), k, &out, &p), PA_OK);
+    const LI_TAB_STRUCT *pieces[] = {k, k->next};
+    EXPECT_NEAR(LiElemLen(pieces[0]) + LiElemLen(pieces[1]), LiElemLen(&whole), 1e-12 * r);
+    for (int j = 0; j < 5; ++j) {
+      const double phi = kPi * unit(rng), off = std::fabs(whole.rad) * (1.9 * unit(rng) - 0.95);
+      const GE_POINT dir{std::cos(phi), std::sin(phi)}, foot{c.x - off * dir.y, c.y + off * dir.x};
+      const LI_TAB_STRUCT line = Line({foot.x - 20 * dir.x, foot.y - 20 * dir.y},
+                                      {foot.x + 20 * dir.x, foot.y + 20 * dir.y});
+      IsectPoint on_whole[2]{}, on_piece[2][2]{};
+      const uint16_t n = GeCross(&whole, &line, &on_whole[0], &on_whole[1]);
+      uint16_t m[2];
+      for (int q = 0; q < 2; ++q) {
+        m[q] = GeCross(pieces[q], &line, &on_piece[q][0], &on_piece[q][1]);
+        for (int t = 0; t < m[q]; ++t) {
+          const IsectPoint &x = on_piece[q][t];
+          const GE_BOX &b = pieces[q]->box;
+          EXPECT_TRUE(x.pos1 > GE_INSIDE ||
+                      (b.xmin < x.x && x.x < b.xmax && b.ymin < x.y && x.y < b.ymax))
+              << "the box holds the crossing, " << i;
+        }
+      }
+      for (int w = 0; w < n; ++w) {
+        const IsectPoint &x = on_whole[w];
+        int found = 0;
+        for (int q = 0; q < 2; ++q)
+          for (int t = 0; t < m[q]; ++t)
+            if (on_piece[q][t].pos1 <= GE_INSIDE &&
+                std::hypot(on_piece[q][t].x - x.x, on_piece[q][t].y - x.y) < 1e-9)
+              ++found;
+        const bool at_cut = std::hypot(x.x - p.x, x.y - p.y) < GeEpsiGetTol();
+        EXPECT_EQ(found, x.pos1 > GE_INSIDE ? 0 : at_cut ? 2 : 1) << i << " " << x.x << " " << x.y;
+        crossings += x.pos1 <= GE_INSIDE;
+      }
+    }
+    LiRemove(store.get(), &k);
+  }
+  EXPECT_GT(crossings, 500);
 }
 
 // Arcs from the origin to ep about mp with radius rad.
