@@ -287,11 +287,19 @@ POLYARC_EXTERN uint16_t LiParElem(LI_TAB_STRUCT *e, int16_t side, double d);
 /* Offsets e in place by a distance that runs linearly from d0 at the start
  * to d1 at the end, to the left for side +1 (right for -1). A line (any
  * type but 3 and 4) gets new ends and is re-expanded. An arc becomes the
- * arc (GeArc3Points) through the start of its parallel at d0, the middle
- * of its parallel at (d0 + d1) / 2 and the end of its parallel at d1,
- * keeping its type. Returns the status of LiElemExpand, the status of
- * GeArc3Points when it fails (e is then unchanged), or PA_INVALID for a
- * null e. */
+ * arc through the start of its parallel at d0, the middle (GeElemMpt) of
+ * its parallel at (d0 + d1) / 2 and the end of its parallel at d1: the
+ * circle through them (GeCirByPtPtPt), type 4 when (p2 - p1) x (p3 - p1)
+ * > 0, else 3, as GeArc3Points decides. With d0 == d1 that arc is the
+ * parallel itself, taken directly: same centre, radius |rad -+ d| (an arc
+ * moved past its centre keeps its type), also for nearly straight arcs.
+ * A full circle stays a full circle about its centre at the mean distance
+ * when d0 and d1 differ by less than tol; otherwise its ends would part
+ * and it is refused (PA_DEGENERATE). Returns the status of LiElemExpand
+ * (PA_ZERO_RADIUS when the offset reaches the centre), PA_IMPOSSIBLE when
+ * no circle passes through the three points (two coincide, or they are
+ * collinear within tol), PA_DEGENERATE as above (e unchanged in both
+ * cases), or PA_INVALID for a null e. */
 POLYARC_EXTERN uint16_t LiConicElem(LI_TAB_STRUCT *e, int16_t side, double d0, double d1);
 
 /* Recomputes the derived fields of e from its type, ap, ep (and mp, rad for

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstring>
+#include <random>
 #include <tuple>
 #include <utility>
 
@@ -154,6 +155,88 @@ TEST(PastTheCentre, BoxHoldsTheCoveredPointsLengthIsPositiveAndExpandingKeepsThe
                                {again.tan_ep.x, e.tan_ep.x},
                                {again.tan_ep.y, e.tan_ep.y}})
         EXPECT_NEAR(got, want, 1e-14);
+    }
+  }
+}
+
+// LiConicElem with one distance all along gives the parallel arc: same
+// centre, radius r -+ d, same type; nearly straight arcs and arcs moved past
+// their centre included. Seeded, so every run draws the same arcs.
+TEST(ConicElem, EqualDistancesGiveTheParallelArc) {
+  std::mt19937 rng(20240611);
+  std::uniform_real_distribution<double> unit(0, 1);
+  int checked = 0;
+  for (int i = 0; i < 2000; ++i) {
+    double r = std::pow(10.0, 4 * unit(rng) - 2), sweep = 0.05 + 6.1 * unit(rng);
+    if (i % 10 == 0) r = 50 + 50 * unit(rng), sweep = 0.1 / r;  // sagitta 2.5e-5 or less
+    const double a = kPi * (2 * unit(rng) - 1);
+    const GE_POINT c{100 * unit(rng) - 50, 100 * unit(rng) - 50};
+    const uint16_t type = i % 2 ? LI_ARC_CW : LI_ARC_CCW;
+    const double turn = type == LI_ARC_CCW ? sweep : -sweep;
+    const GE_POINT ap{c.x + r * std::cos(a), c.y + r * std::sin(a)},
+        ep{c.x + r * std::cos(a + turn), c.y + r * std::sin(a + turn)};
+    const double d = r * (2.9 * unit(rng) - 0.95);  // up to 1.95 r inwards, 0.95 r outwards
+    const int16_t side = i % 4 < 2 ? 1 : -1;
+    LI_TAB_STRUCT e = Arc(ap, ep, c, type);
+    const double s = side * d, want = std::fabs(type == LI_ARC_CCW ? r - s : r + s);
+    if (want * std::fmin(sweep, 2 * kPi - sweep) < 1e-3) continue;  // not to come out a full circle
+    ASSERT_EQ(LiConicElem(&e, side, d, d), PA_OK) << i;
+    EXPECT_EQ(e.type, type) << i;
+    EXPECT_NEAR(std::hypot(e.mp.x - c.x, e.mp.y - c.y), 0, 1e-12 * (r + 100)) << i;
+    EXPECT_NEAR(e.rad, want, 1e-12 * r) << i;
+    EXPECT_NEAR(LiElemLen(&e), want * sweep, 1e-9 * r) << i;
+    ++checked;
+  }
+  EXPECT_GT(checked, 1800);
+}
+
+// The radius-10 quarter from -2.945243112740 rad, which the full-circle
+// branch of the three-point check once turned into another circle: without
+// an offset it stays itself, and with different distances the circle runs
+// through the three points.
+TEST(ConicElem, DifferentDistancesGiveTheArcThroughTheThreePoints) {
+  const double a = -2.945243112740;
+  const GE_POINT c{0, 0}, ap{10 * std::cos(a), 10 * std::sin(a)},
+      ep{10 * std::cos(a + kPi / 2), 10 * std::sin(a + kPi / 2)};
+  LI_TAB_STRUCT e = Arc(ap, ep, c, LI_ARC_CCW);
+  ASSERT_EQ(LiConicElem(&e, 1, 0, 0), PA_OK);
+  EXPECT_TRUE(e.mp == c && e.rad == 10 && e.ap == ap && e.ep == ep);
+  // {type, side, d0, d1}: a quarter of radius 10 inwards, outwards, past the centre.
+  const std::tuple<uint16_t, int16_t, double, double> rows[] = {
+      {LI_ARC_CCW, 1, 0, 1e-3}, {LI_ARC_CCW, -1, 1, 3},  {LI_ARC_CW, 1, 2, 0.5},
+      {LI_ARC_CW, -1, 3, 1},    {LI_ARC_CCW, 1, 13, 14}, {LI_ARC_CW, -1, 14, 12}};
+  for (auto [type, side, d0, d1] : rows) {
+    SCOPED_TRACE(testing::Message() << type << " " << side << " " << d0 << " " << d1);
+    const LI_TAB_STRUCT arc = type == LI_ARC_CCW ? Arc(ap, ep, c, type) : Arc(ep, ap, c, type);
+    LI_TAB_STRUCT at0 = arc, mean = arc, at1 = arc, got = arc;
+    LiParElem(&at0, side, d0), LiParElem(&mean, side, (d0 + d1) / 2), LiParElem(&at1, side, d1);
+    GE_POINT middle{};
+    GeElemMpt(&mean, &middle);
+    ASSERT_EQ(LiConicElem(&got, side, d0, d1), PA_OK);
+    EXPECT_TRUE(got.type == type && got.ap == at0.ap && got.ep == at1.ep);
+    for (const GE_POINT p : {got.ap, middle, got.ep})
+      EXPECT_NEAR(std::hypot(p.x - got.mp.x, p.y - got.mp.y), got.rad, 1e-12);
+    EXPECT_EQ(GePtOnElem(&got, &middle), GE_INSIDE) << "the arc runs through the middle";
+  }
+}
+
+// A full circle stays one when the distances agree within tol, about the
+// same centre at their mean; otherwise it is refused and left as it was.
+TEST(ConicElem, AFullCircleStaysOneOrIsRefused) {
+  ToleranceScope tol(0.25);
+  const GE_POINT c{3, -2};
+  for (const uint16_t dir : {1, 2}) {
+    LI_TAB_STRUCT circle{}, e{};
+    ASSERT_EQ(LiCreateCircle(&c, 5, dir, &circle), PA_OK);
+    const double inwards = dir == 2 ? -1 : 1;  // the centre lies left of counter-clockwise travel
+    using Row = std::tuple<double, double, uint16_t, double>;
+    for (auto [d0, d1, status, rad] : {Row{2, 2, PA_OK, 3}, Row{2, 2.125, PA_OK, 2.9375},
+                                       Row{7, 7, PA_OK, 2}, Row{2, 2.25, PA_DEGENERATE, 5}}) {
+      e = circle;
+      EXPECT_EQ(LiConicElem(&e, static_cast<int16_t>(inwards), d0, d1), status) << d0 << d1;
+      EXPECT_TRUE(e.type == circle.type && e.mp == c && e.ap == e.ep) << d0 << d1;
+      EXPECT_DOUBLE_EQ(e.rad, rad) << d0 << d1;
+      EXPECT_DOUBLE_EQ(LiElemLen(&e), 2 * kPi * rad) << d0 << d1;
     }
   }
 }
