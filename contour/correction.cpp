@@ -28,11 +28,16 @@ uint16_t CorrectAlongTangent(LI_HEAD *head, LI_TAB_STRUCT **kont, GE_POINT p) {
 }
 
 // p is off the tangent line: only an arc whose circle carries p can move
-// its start there, and not onto its own end.
+// its start there, and not onto its own end. An arc's end stays where its
+// successor starts; for a full circle that is the whole contour, its
+// successor is itself, so its end moves with its start and it stays a
+// closed full circle, now starting at p. (A full circle followed by other
+// elements becomes the arc from p to where they start, as any arc would.)
 uint16_t CorrectOnCircle(LI_TAB_STRUCT *e, GE_POINT p, double tol) {
   if (!IsArc(*e)) return PA_IMPOSSIBLE;
   if (std::fabs(Norm(p - e->mp) - e->rad) >= tol) return PA_IMPOSSIBLE;
   if (CoincidePerAxis(p, e->ep, tol)) return PA_IMPOSSIBLE;
+  if (e->next == e && IsFullCircle(*e, tol)) e->ep = p;
   e->ap = p;
   return LiElemExpand(e);
 }

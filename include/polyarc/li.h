@@ -565,9 +565,12 @@ POLYARC_EXTERN uint16_t LiKontKontDist(LI_TAB_STRUCT *ka, LI_TAB_STRUCT *kb, GE_
  * unit vector from p to ap or its opposite), a line or move gets ap = p and
  * any other element a new line p -> ap in front of it, which becomes the
  * first element. Otherwise an arc whose circle passes within tol of p gets
- * ap = p, unless p is its end. Returns 0 (also for an empty contour or p at
- * ap), PA_IMPOSSIBLE when p cannot be reached that way, PA_NO_MEMORY, the
- * status of LiElemExpand, or PA_INVALID for a null kont or p. */
+ * ap = p, unless p is its end; a full circle that is the whole contour gets
+ * ep = p as well, so it stays a closed circle starting at p (followed by
+ * other elements, its end stays where they start, as any arc's). Returns 0
+ * (also for an empty contour or p at ap), PA_IMPOSSIBLE when p cannot be
+ * reached that way, PA_NO_MEMORY, the status of LiElemExpand, or
+ * PA_INVALID for a null kont or p. */
 POLYARC_EXTERN uint16_t LiKorrElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POINT *p);
 
 /* Removes tiny elements and re-joins the rest. Contours of fewer than two
@@ -608,8 +611,11 @@ typedef const LI_TAB_STRUCT *(*LI_CRUNCH_CHOOSE)(const LI_TAB_STRUCT *e, const L
  * element) and e's ep coincides with n's ap within tol per axis. e then
  * takes n's payload when a choose function is set and does not return e,
  * gets n's ep (re-expanded) and keeps mark 1 only when both had it; n goes
- * back to the store. Nothing merges across k. Returns 0 (also for a null
- * k), or PA_INVALID for a null head. */
+ * back to the store. Nothing merges across k. One arc covers at most one
+ * turn, so two arcs whose turns add up to more (by tol or more along the
+ * circle) stay apart: a full circle never merges, arcs that make up one
+ * turn become a full circle. Returns 0 (also for a null k), or PA_INVALID
+ * for a null head. */
 POLYARC_EXTERN uint16_t LiCrunch(LI_HEAD *head, LI_TAB_STRUCT *k);
 
 /* Sets the choose function of every later LiCrunch in the process (null:
