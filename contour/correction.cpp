@@ -102,20 +102,22 @@ uint16_t Rejoin(LI_TAB_STRUCT *k, bool closed) {
   return status;
 }
 
-// The angle an arc sweeps, a full circle's included.
-double SweptAngle(const LI_TAB_STRUCT &arc, double tol) {
-  return CoincidePerAxis(arc.ap, arc.ep, tol) ? kTwoPi : TravelSweep(arc);
-}
-
-// Arcs that are nearly straight at the scale min become lines.
+// Arcs that are nearly straight at the scale min become lines. Each is
+// recomputed as a line at once, so that one the final recomputation leaves
+// out (the last element of an open contour, or the only one left) holds a
+// line's fields too; the status of this recomputation is not reported, the
+// later one reports it for every element it reaches.
 void Flatten(LI_TAB_STRUCT *k, double min) {
   const double tol = Tol();
   LI_TAB_STRUCT *e = k;
   do {
     if (IsArc(*e)) {
       const double bow = std::fabs(LiElemLen(e) - Dist(e->ap, e->ep));
-      const double sagitta = (1.0 - std::cos(0.5 * SweptAngle(*e, tol))) * e->rad;
-      if (bow < min && sagitta < min) e->type = LI_LINE;
+      const double sagitta = (1.0 - std::cos(0.5 * CoveredSweep(*e, tol))) * e->rad;
+      if (bow < min && sagitta < min) {
+        e->type = LI_LINE;
+        LiElemExpandDrawVectorized(e);
+      }
     }
     e = e->next;
   } while (e != k);

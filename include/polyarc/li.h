@@ -412,7 +412,9 @@ POLYARC_EXTERN void LiKontChgDir(LI_TAB_STRUCT **kont);
  * under each element's chord (moves count like lines) plus or minus each
  * arc's segment (GeArcArea); an arc whose ends coincide within tol counts
  * as its whole disc, +pi rad^2 counter-clockwise, -pi rad^2 clockwise.
- * 0 for a null contour. An open contour is closed by its chord. */
+ * 0 for a null contour. An open contour is not closed: its elements' terms
+ * are summed with none for the gap, which gives the signed area between
+ * its path and the x-axis rather than the area closed by its chord. */
 POLYARC_EXTERN double LiKontArea(const LI_TAB_STRUCT *k);
 
 /* The union of the elements' stored boxes (tolerance margin included) in
@@ -588,7 +590,8 @@ POLYARC_EXTERN uint16_t LiKorrKont(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t 
 /* Removes elements smaller than min and re-joins. Contours of fewer than
  * two elements are left alone. With flatten set, an arc whose length
  * differs from its chord by less than min and whose sagitta
- * (1 - cos(sweep / 2)) rad is below min becomes a line. Then, in one pass,
+ * (1 - cos(sweep / 2)) rad is below min becomes a line, recomputed as one
+ * at once (that status is not reported). Then, in one pass,
  * a line or move whose chord is below min is deleted, and so is any other
  * element with min > rad or a chord below min, never the last one left; an
  * element kept after deletions gets the previous kept element's ep set to

@@ -85,11 +85,24 @@ TEST(KorrKontAndRemShort, DeleteShortElementsAndRejoin) {
       Contour(store.get(), {Arc(a, b, {0, 0}, LI_ARC_CCW), Arc(b, c, {b.x - 10, b.y}, LI_ARC_CCW)});
   EXPECT_EQ(LiRemShort(store.get(), &arcs, 0, 0.01, 1), PA_OK);
   EXPECT_TRUE(arcs->type == LI_LINE && arcs->next->type == LI_ARC_CCW);
+  // A flattened arc is a line in every field, also where the joints are not
+  // recomputed: at the end of an open contour, or alone.
+  const LI_TAB_STRUCT flat = Arc(b, a, {0, 0}, LI_ARC_CW), chord = Line(b, a);
+  LI_TAB_STRUCT *last = Contour(store.get(), {Line({b.x, 5}, b), flat});
+  LI_TAB_STRUCT *alone = Contour(store.get(), {flat, Line(a, {a.x, a.y - 1e-3})});
+  for (LI_TAB_STRUCT **k : {&last, &alone}) {
+    EXPECT_EQ(LiRemShort(store.get(), k, 0, 0.01, 1), PA_OK);
+    const LI_TAB_STRUCT *e = (*k)->prev;
+    EXPECT_TRUE(e->type == LI_LINE && e->mp == chord.mp && e->rad == chord.rad);
+    EXPECT_TRUE(e->tan_ap == chord.tan_ap && e->ang_ap == chord.ang_ap);
+    EXPECT_EQ(LiElemLen(e), LiElemLen(&chord));
+  }
+  EXPECT_EQ(LiCountElem(alone), 1u);
   // A zero-length line and an arc of radius tol / 2; min 0 deletes nothing.
   const LI_TAB_STRUCT tiny = Arc({0, 0}, {0.25, 0}, {0.125, 0}, LI_ARC_CW);
   LI_TAB_STRUCT *bad = Contour(store.get(), {Line({0, 0}, {0, 0}), tiny, Line({0.25, 0}, {4, 0})});
   EXPECT_EQ(LiRemShort(store.get(), &bad, 0, 0.0, 0), PA_ZERO_LENGTH | PA_ZERO_RADIUS);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {open, square, two, arcs, bad}));
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {open, square, two, arcs, last, alone, bad}));
 }
 
 TEST(Crunch, MergesOnlyWhatContinuesAndThePayloadFollowsTheChooseFunction) {
