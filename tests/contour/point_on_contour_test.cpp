@@ -154,16 +154,6 @@ TEST(ContourDistance, ThePointKeepsTheLaterElementThePairsTheEarlierPair) {
   EXPECT_TRUE(eb == half && fa == above && std::abs(fb.y - 1) < 1e-12);
   EXPECT_DOUBLE_EQ(aux_b, std::numbers::pi / 2) << "the angle of the foot on the arc";
 
-  // A full circle has a radial foot at every angle.
-  for (const uint16_t dir : {1, 2}) {
-    const GE_POINT c{3, -2}, p{3, 0};
-    LI_TAB_STRUCT circle{}, *round = nullptr;
-    ASSERT_EQ(LiCreateCircle(&c, 1, dir, &circle), PA_OK);
-    ASSERT_EQ(LiInsertElem2(store.get(), &round, &circle), PA_OK);
-    ASSERT_EQ(LiPtKontDist(round, &p, &fa, &ea, &d, &aux_a), PA_OK);
-    EXPECT_TRUE(ea == round && d == 1 && fa == (GE_POINT{3, -1})) << dir;
-  }
-
   EXPECT_EQ(LiPtKontDist(nullptr, &centre, &fa, &ea, &d, &aux_a), PA_INVALID);
   EXPECT_EQ(between(a, nullptr), PA_INVALID);
 }

@@ -105,61 +105,49 @@ TEST(Projection, FeetSidesTangentsCurvatureMidpointsAndTheNormalForm) {
   EXPECT_EQ(GeGeoLineToNf(&b, &b, &n, &c, &par1, &par2), PA_ZERO_LENGTH);
 }
 
-// The unit circle that LiCreateCircle builds holds every angle: radial feet,
-// sides inside the range, on-element codes. Both senses, two centres.
+// The unit circle of LiCreateCircle holds every angle, in either sense and
+// about any centre: radial feet, contour distances, sides.
 TEST(FullCircle, HoldsEveryAngleInEitherSenseAboutAnyCentre) {
   for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
     for (const uint16_t dir : {1, 2}) {
-      LI_TAB_STRUCT e{};
+      LI_TAB_STRUCT e{}, *elem = nullptr;
       ASSERT_EQ(LiCreateCircle(&c, 1, dir, &e), PA_OK);
-      const int32_t inside = dir == 2 ? -1 : 1;  // the centre is right of clockwise travel
-      const auto at = [&](double x, double y) { return GE_POINT{c.x + x, c.y + y}; };
-      // {point, GePtOnArc status, distance, nearest, angle}
-      const std::tuple<GE_POINT, uint16_t, double, GE_POINT, double> feet[] = {
-          {at(0, 2), PA_NOT_ON, 1, at(0, 1), kPi / 2},
-          {at(0, 1), PA_OK, 0, at(0, 1), kPi / 2},
-          {at(-3, 0), PA_NOT_ON, 2, at(-1, 0), kPi},
-          {at(0, -0.5), PA_NOT_ON, 0.5, at(0, -1), -kPi / 2}};
-      for (auto [p, status, want_dist, want_nearest, want_angle] : feet) {
-        double dist = -1, angle = 9;
-        GE_POINT nearest{9, 9};
+      e.next = e.prev = &e;
+      // {point, GePtOnArc status, distance, nearest point}
+      const std::tuple<GE_POINT, uint16_t, double, GE_POINT> feet[] = {
+          {{c.x, c.y + 2}, PA_NOT_ON, 1, {c.x, c.y + 1}},
+          {{c.x, c.y + 1}, PA_OK, 0, {c.x, c.y + 1}},
+          {{c.x - 3, c.y}, PA_NOT_ON, 2, {c.x - 1, c.y}}};
+      for (auto [p, status, want, foot] : feet) {
+        double dist = -1, kont_dist = -1, angle = 0;
+        GE_POINT nearest{}, kont_foot{};
         EXPECT_EQ(GePtOnArc(&p, &e, &dist, &nearest, &angle), status) << p;
-        EXPECT_NEAR(dist, want_dist, 1e-15) << p;
-        EXPECT_NEAR(std::hypot(nearest.x - want_nearest.x, nearest.y - want_nearest.y), 0, 1e-15);
-        EXPECT_DOUBLE_EQ(angle, want_angle) << p;
-        double far = -1;
-        GePtArcDist(&p, &e, &far, &nearest, &angle);
-        EXPECT_EQ(far, dist) << p;
+        EXPECT_EQ(LiPtKontDist(&e, &p, &kont_foot, &elem, &kont_dist, &angle), PA_OK);
+        EXPECT_TRUE(dist == want && kont_dist == want) << p;
+        EXPECT_NEAR(std::hypot(nearest.x - foot.x, nearest.y - foot.y) +
+                        std::hypot(kont_foot.x - foot.x, kont_foot.y - foot.y),
+                    0, 1e-15)
+            << p;
       }
-      const GE_POINT half = at(0, 0.5), west = at(-1, 0);
-      int32_t side = 9;
-      double dist = -1, par = 9;
+      const GE_POINT half{c.x, c.y + 0.5};
+      int32_t side = 0;
+      double dist = 0;
       EXPECT_EQ(GePtElemSide(&e, &half, &side, &dist), PA_OK);
-      EXPECT_EQ(std::make_tuple(side, dist), std::make_tuple(inside, 0.5));
-      GE_POINT p = west;
-      EXPECT_EQ(std::make_tuple(GePtOnElem(&e, &west), GePointOn(&e, &p, &par)),
-                std::make_tuple(GE_INSIDE, GE_INSIDE));
+      EXPECT_EQ(side, dir == 2 ? -1 : 1) << "the centre lies right of clockwise travel";
     }
   }
 }
 
-// Ends 1 apart in x and in y (sqrt 2 apart) with tol 1.25: a full circle by
-// the per-axis rule, for every function alike. The arc from (4, 3) to (3, 4)
-// on the circle of radius 5 would otherwise be a short one.
+// Ends 1 apart in x and in y (sqrt 2 apart) with tol 1.25 make a full
+// circle for every function alike: the ends coincide per axis.
 TEST(FullCircle, EveryFunctionDecidesItPerAxis) {
   ToleranceScope tol(1.25);
-  Store store;
-  LI_TAB_STRUCT e = Arc({4, 3}, {3, 4}, {0, 0}, LI_ARC_CCW), *k = nullptr;
-  ASSERT_EQ(LiInsertElem2(store.get(), &k, &e), PA_OK);
-  GE_POINT west{-5, 0}, nearest{};
-  double par = 0, dist = 0;
-  int32_t side = 0;
-  EXPECT_EQ(GePtOnElem(&e, &west), GE_INSIDE);
-  EXPECT_EQ(GePointOn(&e, &west, &par), GE_INSIDE);
-  EXPECT_EQ(GePtElemSide(&e, &west, &side, &dist), PA_OK);
-  EXPECT_EQ(GePtOnArc(&west, &e, &dist, &nearest, &par), PA_OK);
-  EXPECT_EQ(LiPtOnElem(&e, &west), 1);
-  EXPECT_EQ(LiKontFindPt(k, &west), k);
+  LI_TAB_STRUCT e = Arc({4, 3}, {3, 4}, {0, 0}, LI_ARC_CCW);  // else 0.28 rad long
+  e.next = e.prev = &e;
+  GE_POINT west{-5, 0};
+  double par = 0;
+  EXPECT_EQ(GePtOnElem(&e, &west) + GePointOn(&e, &west, &par), 2 * GE_INSIDE);
+  EXPECT_EQ(LiPtOnElem(&e, &west) + (LiKontFindPt(&e, &west) == &e), 2);
   EXPECT_DOUBLE_EQ(LiElemLen(&e), 10 * kPi);
   EXPECT_EQ(std::make_tuple(e.box.xmin, e.box.ymax), std::make_tuple(-6.25, 6.25));
 }
