@@ -96,8 +96,9 @@ constexpr double CoveredSweep(const LI_TAB_STRUCT &arc, double tol) {
   return IsFullCircle(arc, tol) ? kTwoPi : TravelSweep(arc);
 }
 
-// The turning sense of the travel p1 -> p2 -> p3: counter-clockwise (4)
-// when (p2 - p1) x (p3 - p1) > 0, else clockwise (3), collinear included.
+// The turning sense of the travel p1 -> p2 -> p3 from its turn
+// (p2 - p1) x (p3 - p1): counter-clockwise (4) when positive, else
+// clockwise (3), collinear included.
 constexpr uint16_t SenseOfTurn(double turn) { return turn > 0.0 ? LI_ARC_CCW : LI_ARC_CW; }
 
 // An arc's angular range in counter-clockwise order: from lo up to hi,
