@@ -44,15 +44,11 @@ bool Holds(const GE_BOX &b, GE_POINT p) {
   return b.xmin <= p.x && p.x <= b.xmax && b.ymin <= p.y && p.y <= b.ymax;
 }
 
-// An angle difference brought into (-pi, pi].
-double Principal(double d) {
-  if (d > kPi) return d - kTwoPi;
-  if (d <= -kPi) return d + kTwoPi;
-  return d;
-}
-
+// The angle from `from` to `to` seen from p, in [-pi, pi]: the difference
+// of their polar angles brought into that range, in one atan2.
 double TurnBetween(GE_POINT from, GE_POINT to, GE_POINT p) {
-  return Principal(Angle(to - p) - Angle(from - p));
+  const GE_POINT u = from - p, v = to - p;
+  return std::atan2(Cross(u, v), Dot(u, v));
 }
 
 double DistanceToSegment(GE_POINT p, GE_POINT s, GE_POINT t) {
