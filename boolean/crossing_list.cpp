@@ -1,6 +1,6 @@
-// Crossing lists: entering one crossing in order along A's element, the
-// lists of two contours and of one contour with itself, and releasing
-// crossing and contour lists.
+// Entering one crossing in a crossing list in order along A's element,
+// crossing one pair of elements, and releasing crossing and contour
+// lists.
 #include <algorithm>
 #include <cstring>
 
@@ -20,12 +20,10 @@ bool IsOwnJoint(const IsectPoint &pt, const LI_TAB_STRUCT *a, const LI_TAB_STRUC
          (a == b->prev && pt.pos1 == GE_AT_END && pt.pos2 == GE_AT_START);
 }
 
-// Whether the entry lies farther along a than the parameter par, with a
-// tolerance of tol along the element (converted to an angle on arcs).
-bool LiesFarther(const LI_TAB_STRUCT &a, const GE_CROSS &entry, double par, double tol) {
-  if (IsLine(a)) return entry.par_a - tol > par;
-  return SweepInSense(a.type, a.ang_ap, par) <
-         SweepInSense(a.type, a.ang_ap, entry.par_a) - tol / a.rad;
+// Whether the entry lies farther along a than the position along, by more
+// than the tolerance along a.
+bool LiesFarther(const LI_TAB_STRUCT &a, const GE_CROSS &entry, double along, double tol) {
+  return along < PositionAlong(a, entry.par_a) - ToleranceAlong(a, tol);
 }
 
 // The first entry from first on that lies at the point or farther along
@@ -33,8 +31,9 @@ bool LiesFarther(const LI_TAB_STRUCT &a, const GE_CROSS &entry, double par, doub
 int InsertionIndex(const GE_CROSS *list, int first, int last, const IsectPoint &pt,
                    const LI_TAB_STRUCT &a, double tol) {
   const GE_POINT p{pt.x, pt.y};
+  const double along = PositionAlong(a, pt.par1);
   for (int i = std::max(first, 0); i <= last; ++i) {
-    if (CoincidePerAxis(list[i].pt, p, tol) || LiesFarther(a, list[i], pt.par1, tol)) return i;
+    if (CoincidePerAxis(list[i].pt, p, tol) || LiesFarther(a, list[i], along, tol)) return i;
   }
   return last + 1;
 }
@@ -79,77 +78,38 @@ GE_CROSS MakeEntry(const IsectPoint &pt, LI_TAB_STRUCT *elem_a, LI_TAB_STRUCT *e
   return c;
 }
 
-// While the last entry repeats entry 0: the crossing at A's closing joint
-// is found at A's last element and again at its first.
-void TrimClosingJoint(const GE_CROSS *list, int16_t &last, double tol) {
-  while (last > 0 && CoincidePerAxis(list[last].pt, list[0].pt, tol)) --last;
-}
-
-// Crosses a with every element of the chain from b in chain order.
-uint16_t CrossWithChain(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, int16_t first, CrossListRef ref,
-                        double tol) {
-  const GE_BOX box = WidenedBox(a->box, tol);
-  LI_TAB_STRUCT *eb = b;
-  do {
-    if (eb->type != LI_MOVE && CrossBoxesOverlap(box, eb->box)) {
-      if (const uint16_t st = CrossPair(ref, first, a, eb); st != PA_OK) return st;
-    }
-    eb = eb->next;
-  } while (eb != b);
-  return PA_OK;
-}
-
-uint16_t CrossContours(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, CrossListRef ref) {
-  const double tol = Tol();
-  LI_TAB_STRUCT *ea = a;
-  do {
-    if (ea->type != LI_MOVE) {
-      const int16_t first = static_cast<int16_t>(ref.last + 1);
-      if (const uint16_t st = CrossWithChain(ea, b, first, ref, tol); st != PA_OK) return st;
-    }
-    ea = ea->next;
-  } while (ea != a);
-  return PA_OK;
-}
-
-// The first element of a's neighbourhood: up to n steps back while the
-// chain is joined.
-LI_TAB_STRUCT *NeighbourhoodStart(LI_TAB_STRUCT *a, int n, double tol) {
-  LI_TAB_STRUCT *b = a;
-  for (int step = 0; step < n && CoincidePerAxis(b->ap, b->prev->ep, tol); ++step) b = b->prev;
-  return b;
-}
-
-uint16_t CrossNeighbours(LI_TAB_STRUCT *a, int n, int16_t first, CrossListRef ref, double tol) {
-  const GE_BOX box = WidenedBox(a->box, tol);
-  LI_TAB_STRUCT *b = NeighbourhoodStart(a, n, tol);
-  for (int remaining = 2 * n + 1; remaining > 0; --remaining) {
-    if (b->type != LI_MOVE && CrossBoxesOverlap(box, b->box)) {
-      if (const uint16_t st = CrossPair(ref, first, a, b); st != PA_OK) return st;
-    }
-    // A gap ends the neighbourhood.
-    if (!CoincidePerAxis(b->ep, b->next->ap, tol)) break;
-    b = b->next;
-  }
-  return PA_OK;
-}
-
-uint16_t CrossSelf(LI_TAB_STRUCT *k, int n, CrossListRef ref) {
-  const double tol = Tol();
-  LI_TAB_STRUCT *a = k;
-  do {
-    if (a->type != LI_MOVE) {
-      const int16_t first = static_cast<int16_t>(ref.last + 1);
-      const uint16_t st = n > 0 ? CrossNeighbours(a, n, first, ref, tol)
-                                : CrossWithChain(a, k, first, ref, tol);
-      if (st != PA_OK) return st;
-    }
-    a = a->next;
-  } while (a != k);
-  return PA_OK;
-}
-
 }  // namespace
+
+double PositionAlong(const LI_TAB_STRUCT &a, double par) {
+  return IsLine(a) ? par : SweepInSense(a.type, a.ang_ap, par);
+}
+
+double ToleranceAlong(const LI_TAB_STRUCT &a, double tol) { return IsLine(a) ? tol : tol / a.rad; }
+
+bool ElementRun::NothingAtOrBeyond(const LI_TAB_STRUCT &a, const IsectPoint &pt,
+                                   double tol) const {
+  if (empty_) return true;
+  if (PositionAlong(a, pt.par1) < farthest_ - ToleranceAlong(a, tol)) return false;
+  return pt.x - points_.xmax >= tol || points_.xmin - pt.x >= tol || pt.y - points_.ymax >= tol ||
+         points_.ymin - pt.y >= tol;
+}
+
+void ElementRun::Add(const LI_TAB_STRUCT &a, const GE_CROSS &entry) {
+  const double along = PositionAlong(a, entry.par_a);
+  if (empty_) {
+    empty_ = false;
+    farthest_ = along;
+    points_ = {entry.pt.x, entry.pt.y, entry.pt.x, entry.pt.y};
+    return;
+  }
+  // Comparisons leave NaN out: such an entry is never at a point or
+  // farther in the scan either.
+  if (along > farthest_) farthest_ = along;
+  if (entry.pt.x < points_.xmin) points_.xmin = entry.pt.x;
+  if (entry.pt.x > points_.xmax) points_.xmax = entry.pt.x;
+  if (entry.pt.y < points_.ymin) points_.ymin = entry.pt.y;
+  if (entry.pt.y > points_.ymax) points_.ymax = entry.pt.y;
+}
 
 GE_BOX WidenedBox(const GE_BOX &box, double tol) {
   const double w = 10.0 * tol;
@@ -162,29 +122,33 @@ bool CrossBoxesOverlap(const GE_BOX &a, const GE_BOX &b) {
 }
 
 uint16_t NewCross(CrossListRef ref, int16_t first, const IsectPoint &pt, LI_TAB_STRUCT *elem_a,
-                  LI_TAB_STRUCT *elem_b) {
+                  LI_TAB_STRUCT *elem_b, ElementRun *run) {
   if (IsOwnJoint(pt, elem_a, elem_b)) return PA_OK;
   const double tol = Tol();
-  const int k = InsertionIndex(ref.list, first, ref.last, pt, *elem_a, tol);
+  const int k = run != nullptr && run->NothingAtOrBeyond(*elem_a, pt, tol)
+                    ? ref.last + 1
+                    : InsertionIndex(ref.list, first, ref.last, pt, *elem_a, tol);
   if (IsDuplicate(ref.list, k, ref.last, pt, elem_b, tol)) return PA_OK;
   if (const uint16_t st = GrowForOne(ref); st != PA_OK) return st;
   GE_CROSS *list = ref.list;
   std::memmove(list + k + 1, list + k, static_cast<size_t>(ref.last + 1 - k) * sizeof(GE_CROSS));
   list[k] = MakeEntry(pt, elem_a, elem_b);
   ++ref.last;
+  if (run != nullptr) run->Add(*elem_a, list[k]);
   return PA_OK;
 }
 
-uint16_t CrossPair(CrossListRef ref, int16_t first, LI_TAB_STRUCT *a, LI_TAB_STRUCT *b) {
+uint16_t CrossPair(CrossListRef ref, int16_t first, LI_TAB_STRUCT *a, LI_TAB_STRUCT *b,
+                   ElementRun &run) {
   IsectPoint i1{}, i2{};
   const uint16_t count = GeCross(a, b, &i1, &i2);
   const auto on_both = [](const IsectPoint &i) {
     return i.pos1 <= GE_INSIDE && i.pos2 <= GE_INSIDE;
   };
   if (count >= 1 && on_both(i1)) {
-    if (const uint16_t st = NewCross(ref, first, i1, a, b); st != PA_OK) return st;
+    if (const uint16_t st = NewCross(ref, first, i1, a, b, &run); st != PA_OK) return st;
   }
-  if (count >= 2 && on_both(i2)) return NewCross(ref, first, i2, a, b);
+  if (count >= 2 && on_both(i2)) return NewCross(ref, first, i2, a, b, &run);
   return PA_OK;
 }
 
@@ -199,30 +163,7 @@ extern "C" uint16_t FlNewCross(GE_CROSS **list, uint16_t *capacity, int16_t *las
       elem_a == nullptr || elem_b == nullptr)
     return PA_INVALID;
   if (*last >= 0 && *list == nullptr) return PA_INVALID;
-  return NewCross({*list, *capacity, *last}, first, *pt, elem_a, elem_b);
-}
-
-extern "C" uint16_t FlCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **list,
-                                int16_t *last) {
-  if (list == nullptr || last == nullptr) return PA_INVALID;
-  *last = FL_EMPTY;
-  if (a == nullptr) return PA_OK;
-  uint16_t capacity = 0;
-  const CrossListRef ref{*list, capacity, *last};
-  const bool self = b == nullptr || b == a;
-  const uint16_t st = CrossContours(a, self ? a : b, ref);
-  // Self-crossing lists keep both finds of the closing joint.
-  if (st == PA_OK && !self) TrimClosingJoint(*list, *last, Tol());
-  return st;
-}
-
-extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t *last,
-                                      int16_t n) {
-  if (list == nullptr || last == nullptr) return PA_INVALID;
-  *last = FL_EMPTY;
-  if (k == nullptr) return PA_OK;
-  uint16_t capacity = 0;
-  return CrossSelf(k, n, {*list, capacity, *last});
+  return NewCross({*list, *capacity, *last}, first, *pt, elem_a, elem_b, nullptr);
 }
 
 extern "C" void FlFreeCross(GE_CROSS **list) {
