@@ -1,9 +1,7 @@
 // Joining two contours along the stretches they share, and removing
 // spikes that run straight back.
-#include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <vector>
 
 #include "polyarc/fl.h"
 #include "support/support.h"
@@ -13,124 +11,25 @@ namespace {
 
 constexpr double kPi = std::numbers::pi;
 
-struct Joined {
-  uint16_t status;
-  LI_TAB_STRUCT *out = nullptr, *out2 = nullptr;
-  std::vector<LI_TAB_STRUCT *> loops;
-  Live All() const {
-    Live all{out, out2};
-    all.insert(all.end(), loops.begin(), loops.end());
-    return all;
-  }
-};
-
-Joined UnionIdent(LI_HEAD *head, LI_TAB_STRUCT *k1, LI_TAB_STRUCT *k2, uint32_t sign,
-                  uint16_t capacity = 199) {
-  LI_TAB_STRUCT *table[200] = {};
-  int16_t last = 7;
-  Joined j{};
-  j.status = FlUnionIdent(head, k1, k2, sign, &j.out, &j.out2, table, capacity, &last);
-  for (int16_t i = 0; i <= last; ++i) j.loops.push_back(table[i]);
-  return j;
-}
-
 LI_TAB_STRUCT *Square(LI_HEAD *head, double x, double y, double w = 1, double h = 1) {
   return Polygon(head, {{x, y}, {x + w, y}, {x + w, y + h}, {x, y + h}});
 }
 
-TEST(UnionIdent, NeighboursJoinAlongWhatTheyShare) {
-  Store store;
-  // Side by side, the second of either orientation.
-  for (bool reversed : {false, true}) {
-    LI_TAB_STRUCT *right = Square(store.get(), 1, 0);
-    if (reversed) LiKontChgDir(&right);
-    Joined j = UnionIdent(store.get(), Square(store.get(), 0, 0), right, 0);
-    EXPECT_EQ(j.status, PA_OK);
-    EXPECT_DOUBLE_EQ(LiKontArea(j.out), 2.0) << "reversed " << reversed;
-    EXPECT_TRUE(j.out2 == nullptr && j.loops.empty() && LiCheck(j.out));
-    EXPECT_TRUE(AllRecordsAccounted(store.head(), j.All()));
-    LiRemove(store.get(), &j.out);
-  }
-  // A shorter neighbour shares the middle half of a side.
-  Joined part = UnionIdent(store.get(), Square(store.get(), 0, 0),
-                           Square(store.get(), 1, 0.25, 1, 0.5), 0);
-  EXPECT_EQ(part.status, PA_OK);
-  EXPECT_DOUBLE_EQ(LiKontArea(part.out), 1.5);
-  EXPECT_EQ(LiCountElem(part.out), 8u);
-  // A C shape closed by a bar: the outer loop and a hole.
-  LI_TAB_STRUCT *c = Polygon(store.get(), {{0, 0}, {3, 0}, {3, 1}, {1, 1}, {1, 2}, {3, 2}, {3, 3},
-                                           {0, 3}});
-  Joined ring = UnionIdent(store.get(), c, Square(store.get(), 3, 0, 1, 3), 0);
-  EXPECT_EQ(ring.status, PA_OK);
-  EXPECT_DOUBLE_EQ(LiKontArea(ring.out), 12.0);
-  ASSERT_EQ(ring.loops.size(), 1u);
-  EXPECT_DOUBLE_EQ(LiKontArea(ring.loops[0]), -2.0);
-  Live all = part.All();
-  for (LI_TAB_STRUCT *k : ring.All()) all.push_back(k);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), all));
+LI_TAB_STRUCT *C(LI_HEAD *head) {
+  return Polygon(head, {{0, 0}, {3, 0}, {3, 1}, {1, 1}, {1, 2}, {3, 2}, {3, 3}, {0, 3}});
 }
 
-TEST(UnionIdent, TheSignFlagTakesTheNegativeLoops) {
-  Store store;
-  LI_TAB_STRUCT *c = Polygon(store.get(), {{0, 0}, {3, 0}, {3, 1}, {1, 1}, {1, 2}, {3, 2}, {3, 3},
-                                           {0, 3}});
-  Joined j = UnionIdent(store.get(), c, Square(store.get(), 3, 0, 1, 3), 1);
-  EXPECT_EQ(j.status, PA_OK);
-  EXPECT_DOUBLE_EQ(LiKontArea(j.out), -2.0);
-  ASSERT_EQ(j.loops.size(), 1u);
-  EXPECT_DOUBLE_EQ(LiKontArea(j.loops[0]), 12.0);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), j.All()));
+LI_TAB_STRUCT *Backwards(LI_TAB_STRUCT *k) {
+  LiKontChgDir(&k);
+  return k;
 }
 
-TEST(UnionIdent, NothingToJoin) {
-  Store store;
-  // Apart; and the same square run both ways, which shares everything.
-  LI_TAB_STRUCT *a = Square(store.get(), 0, 0), *b = Square(store.get(), 3, 0);
-  Joined apart = UnionIdent(store.get(), a, b, 0);
-  EXPECT_TRUE(apart.status == PA_OK && apart.out == a && apart.out2 == b && apart.loops.empty());
-  LI_TAB_STRUCT *back = Square(store.get(), 0, 0);
-  LiKontChgDir(&back);
-  Joined same = UnionIdent(store.get(), Square(store.get(), 0, 0), back, 0);
-  EXPECT_TRUE(same.status == PA_OK && same.loops.empty());
-  EXPECT_DOUBLE_EQ(LiKontArea(same.out), 1.0);
-  EXPECT_DOUBLE_EQ(LiKontArea(same.out2), -1.0);
-  Live all = apart.All();
-  all.insert(all.end(), {same.out, same.out2});
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), all));
-  EXPECT_EQ(UnionIdent(store.get(), a, a, 0).status, PA_INVALID);
-}
-
-// Two half discs of the unit circle: they share the diameter, and their
-// arcs only meet end to end, which is no shared stretch.
-TEST(UnionIdent, ArcsThatOnlyMeetEndToEndAreNotShared) {
-  Store store;
-  auto half = [&](double y) {
-    LI_TAB_STRUCT *k = Polyline(store.get(), {{-y, 0}, {y, 0}});
-    const GE_POINT back{-y, 0}, centre{0, 0};
-    EXPECT_EQ(LiArc(store.get(), &k, &back, &centre, 0), PA_OK);
-    return k;
-  };
-  Joined disc = UnionIdent(store.get(), half(1), half(-1), 0);
-  EXPECT_EQ(disc.status, PA_OK);
-  EXPECT_NEAR(LiKontArea(disc.out), kPi, 1e-12);
-  EXPECT_EQ(LiCountElem(disc.out), 2u);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), disc.All()));
-}
-
-// Far from the origin a tilt of 4e-6 is within the tolerance over the
-// shared side, and the loop's corners are the contours' own corners.
-TEST(UnionIdent, NearlyParallelSidesFarFromTheOriginJoinAtTheirCorners) {
-  Store store;
-  LI_TAB_STRUCT *below = Square(store.get(), 0, 999);
-  LI_TAB_STRUCT *above = Polygon(store.get(), {{0, 1000}, {1, 1000 + 4e-6}, {1, 1001}, {0, 1001}});
-  const Points corners = Vertices(below), more = Vertices(above);
-  Joined j = UnionIdent(store.get(), below, above, 0);
-  ASSERT_EQ(j.status, PA_OK);
-  EXPECT_NEAR(LiKontArea(j.out), 2.0, 1e-9);
-  for (const GE_POINT &p : Vertices(j.out))
-    EXPECT_TRUE(std::count(corners.begin(), corners.end(), p) + std::count(more.begin(), more.end(), p))
-        << p;
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), j.All()));
+// The half of the unit disc above (y = 1) or below (y = -1) the x axis.
+LI_TAB_STRUCT *HalfDisc(LI_HEAD *head, double y) {
+  LI_TAB_STRUCT *k = Polyline(head, {{-y, 0}, {y, 0}});
+  const GE_POINT back{-y, 0}, centre{0, 0};
+  EXPECT_EQ(LiArc(head, &k, &back, &centre, 0), PA_OK);
+  return k;
 }
 
 // A bar over a comb whose teeth touch the bar's underside on [2i, 2i + 1]:
@@ -151,26 +50,64 @@ LI_TAB_STRUCT *Comb(LI_HEAD *head, int teeth) {
   return k;
 }
 
-TEST(UnionIdent, AtMostOneHundredStretchesAndNoMoreLoopsThanRoomFor) {
+TEST(UnionIdent, JoinsAlongWhatTheContoursShare) {
+  using Make = LI_TAB_STRUCT *(*)(LI_HEAD *);
+  const struct Row {
+    const char *name;
+    Make k1, k2;
+    uint32_t sign;
+    uint16_t capacity, status;
+    double out, out2;  // areas, 0 for none
+    size_t loops;
+    double loop_area;  // of each loop left in the list
+  } rows[] = {
+      {"side by side", [](LI_HEAD *h) { return Square(h, 0, 0); },
+       [](LI_HEAD *h) { return Square(h, 1, 0); }, 0, 9, PA_OK, 2, 0, 0, 0},
+      {"the second clockwise", [](LI_HEAD *h) { return Square(h, 0, 0); },
+       [](LI_HEAD *h) { return Backwards(Square(h, 1, 0)); }, 0, 9, PA_OK, 2, 0, 0, 0},
+      {"half a side shared", [](LI_HEAD *h) { return Square(h, 0, 0); },
+       [](LI_HEAD *h) { return Square(h, 1, 0.25, 1, 0.5); }, 0, 9, PA_OK, 1.5, 0, 0, 0},
+      {"a C closed by a bar", C, [](LI_HEAD *h) { return Square(h, 3, 0, 1, 3); }, 0, 9, PA_OK,
+       12, 0, 1, -2},
+      {"the same, holes out", C, [](LI_HEAD *h) { return Square(h, 3, 0, 1, 3); }, 1, 9, PA_OK,
+       -2, 0, 1, 12},
+      {"apart", [](LI_HEAD *h) { return Square(h, 0, 0); },
+       [](LI_HEAD *h) { return Square(h, 3, 0); }, 0, 9, PA_OK, 1, 1, 0, 0},
+      {"one square both ways", [](LI_HEAD *h) { return Square(h, 0, 0); },
+       [](LI_HEAD *h) { return Backwards(Square(h, 0, 0)); }, 0, 9, PA_OK, 1, -1, 0, 0},
+      // The arcs only meet end to end: only the diameter is shared.
+      {"two half discs", [](LI_HEAD *h) { return HalfDisc(h, 1); },
+       [](LI_HEAD *h) { return HalfDisc(h, -1); }, 0, 9, PA_OK, kPi, 0, 0, 0},
+      {"a comb of 100 teeth", [](LI_HEAD *h) { return Square(h, 0, 0, 199, 1); },
+       [](LI_HEAD *h) { return Comb(h, 100); }, 0, 199, PA_OK, 3 * 199, 0, 99, -1},
+      {"its holes beyond the room", [](LI_HEAD *h) { return Square(h, 0, 0, 199, 1); },
+       [](LI_HEAD *h) { return Comb(h, 100); }, 0, 49, PA_NO_RECORD, 3 * 199, 0, 49, -1},
+      {"a comb of 101 teeth", [](LI_HEAD *h) { return Square(h, 0, 0, 201, 1); },
+       [](LI_HEAD *h) { return Comb(h, 101); }, 0, 199, PA_NO_RECORD, 201, 302, 0, 0},
+  };
+  for (const Row &r : rows) {
+    Store store;
+    LI_TAB_STRUCT *list[200] = {};
+    LI_TAB_STRUCT *out = nullptr, *out2 = nullptr;
+    int16_t last = 7;
+    EXPECT_EQ(FlUnionIdent(store.get(), r.k1(store.get()), r.k2(store.get()), r.sign, &out, &out2,
+                           list, r.capacity, &last),
+              r.status)
+        << r.name;
+    EXPECT_NEAR(LiKontArea(out), r.out, 1e-12) << r.name;
+    EXPECT_NEAR(LiKontArea(out2), r.out2, 1e-12) << r.name;
+    EXPECT_EQ(static_cast<size_t>(last + 1), r.loops) << r.name;
+    Live all{out, out2};
+    for (int16_t i = 0; i <= last; ++i) {
+      EXPECT_DOUBLE_EQ(LiKontArea(list[i]), r.loop_area) << r.name;
+      all.push_back(list[i]);
+    }
+    EXPECT_TRUE(AllRecordsAccounted(store.head(), all)) << r.name;
+  }
   Store store;
-  Joined full = UnionIdent(store.get(), Square(store.get(), 0, 0, 199, 1), Comb(store.get(), 100),
-                           0);
-  EXPECT_EQ(full.status, PA_OK);
-  EXPECT_DOUBLE_EQ(LiKontArea(full.out), 3 * 199) << "the outline of [0, 199] x [-2, 1]";
-  ASSERT_EQ(full.loops.size(), 99u);
-  for (LI_TAB_STRUCT *hole : full.loops) EXPECT_DOUBLE_EQ(LiKontArea(hole), -1.0);
-  Joined crowded = UnionIdent(store.get(), Square(store.get(), 0, 0, 199, 1),
-                              Comb(store.get(), 100), 0, 49);
-  EXPECT_EQ(crowded.status, PA_NO_RECORD);
-  EXPECT_EQ(crowded.loops.size(), 49u) << "the outer loop went to out";
-  Joined over = UnionIdent(store.get(), Square(store.get(), 0, 0, 201, 1), Comb(store.get(), 101),
-                           0);
-  EXPECT_EQ(over.status, PA_NO_RECORD);
-  EXPECT_TRUE(over.loops.empty() && LiCheck(over.out) && LiCheck(over.out2));
-  Live all = full.All();
-  for (const Joined *j : {&crowded, &over})
-    for (LI_TAB_STRUCT *k : j->All()) all.push_back(k);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), all));
+  LI_TAB_STRUCT *out = nullptr, *out2 = nullptr, *list[1] = {}, *k = Square(store.get(), 0, 0);
+  int16_t last = 0;
+  EXPECT_EQ(FlUnionIdent(store.get(), k, k, 0, &out, &out2, list, 0, &last), PA_INVALID);
 }
 
 TEST(UnionIdent, RunningOutOfRecordsLosesNone) {
@@ -178,11 +115,12 @@ TEST(UnionIdent, RunningOutOfRecordsLosesNone) {
       PA_NO_RECORD,
       [](LI_HEAD *head) { return Live{Square(head, 0, 0), Square(head, 1, 0.25, 1, 0.5)}; },
       [](LI_HEAD *head, Live &live) {
-        Joined j = UnionIdent(head, live[0], live[1], 0);
-        live[0] = j.out;
-        live[1] = j.out2;
-        for (LI_TAB_STRUCT *k : j.loops) live.push_back(k);
-        return j.status;
+        LI_TAB_STRUCT *list[4] = {};
+        int16_t last = 0;
+        const uint16_t status =
+            FlUnionIdent(head, live[0], live[1], 0, &live[0], &live[1], list, 3, &last);
+        live.insert(live.end(), list, list + last + 1);
+        return status;
       });
 }
 
