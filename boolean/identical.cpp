@@ -99,6 +99,19 @@ Stretch Joined(const Stretch &f, const Stretch &g) {
   return j;
 }
 
+// Makes into the one stretch of into and other when either continues the
+// other.
+bool JoinInto(Stretch &into, const Stretch &other) {
+  if (Continues(into, other)) {
+    into = Joined(into, other);
+  } else if (Continues(other, into)) {
+    into = Joined(other, into);
+  } else {
+    return false;
+  }
+  return true;
+}
+
 class StretchTable {
  public:
   int size() const { return count_; }
@@ -108,14 +121,7 @@ class StretchTable {
   // (and then joins what else has become adjacent), or appends it.
   uint16_t Enter(const Stretch &st) {
     for (int i = 0; i < count_; ++i) {
-      Stretch &entry = entries_[static_cast<size_t>(i)];
-      if (Continues(st, entry)) {
-        entry = Joined(st, entry);
-      } else if (Continues(entry, st)) {
-        entry = Joined(entry, st);
-      } else {
-        continue;
-      }
+      if (!JoinInto(entries_[static_cast<size_t>(i)], st)) continue;
       JoinAround(i);
       return PA_OK;
     }
@@ -127,16 +133,8 @@ class StretchTable {
  private:
   void JoinAround(int at) {
     for (int i = 0; i < count_; ++i) {
-      Stretch &joined = entries_[static_cast<size_t>(at)];
-      const Stretch &other = entries_[static_cast<size_t>(i)];
-      if (i == at) continue;
-      if (Continues(joined, other)) {
-        joined = Joined(joined, other);
-      } else if (Continues(other, joined)) {
-        joined = Joined(other, joined);
-      } else {
+      if (i == at || !JoinInto(entries_[static_cast<size_t>(at)], entries_[static_cast<size_t>(i)]))
         continue;
-      }
       entries_[static_cast<size_t>(i)] = entries_[static_cast<size_t>(--count_)];
       if (at == count_) at = i;
       i = -1;  // what is adjacent may have changed: look again
