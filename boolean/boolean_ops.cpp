@@ -46,7 +46,7 @@ uint16_t DropSlivers(LI_HEAD *head, LI_TAB_STRUCT *&k) {
   LI_TAB_STRUCT *e = k;
   for (uint32_t i = 0; i < n && k->next != k; ++i) {
     LI_TAB_STRUCT *next = e->next;
-    if (IsArc(*e) && CoincidePerAxis(e->ap, e->ep, tol)) {
+    if (IsArc(*e) && IsFullCircle(*e, tol)) {
       LI_TAB_STRUCT *prev = e->prev;
       LiDel(head, &k, e);
       prev->ep = next->ap;

@@ -23,7 +23,7 @@ constexpr uint16_t kIdentStretch = 3;
 // a full turn.
 double Along(const LI_TAB_STRUCT &e, GE_POINT p) {
   if (IsLine(e)) return LineParameter(e, p) - e.ang_ap;
-  double sweep = SweepInSense(e.type, e.ang_ap, Angle(p - e.mp));
+  double sweep = SweepInSense(e.type, e.ang_ap, ArcAngleOf(Angle(p - e.mp), e.rad));
   if (sweep > 0.5 * (TravelSweep(e) + kTwoPi)) sweep -= kTwoPi;
   return sweep * std::fabs(e.rad);
 }
