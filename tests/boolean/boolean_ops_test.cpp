@@ -127,6 +127,12 @@ TEST(Boolean, TheResultListAndTheContainmentValue) {
     EXPECT_TRUE(r.status() == PA_OK && r.no_cross() == 1 && r.contain() == 0);
     EXPECT_TRUE(r.list() == nullptr && r.loops().empty());
   }
+  // Identical contours make no loops: each lies in the other.
+  LI_TAB_STRUCT *same = Rect(store.get(), 0, 0, 1, 1);
+  for (Op op : kOps) {
+    Outcome r(store.get(), op, a, same);
+    EXPECT_TRUE(r.status() == PA_OK && r.no_cross() == 1 && r.contain() == 1) << OpName(op);
+  }
   // Nesting by argument order.
   LI_TAB_STRUCT *disc = Circle(store.get(), {0.5, 0.5}, 0.25);
   Outcome in(store.get(), Op::kUnion, disc, a), out(store.get(), Op::kDifference, a, disc);
@@ -140,7 +146,7 @@ TEST(Boolean, TheResultListAndTheContainmentValue) {
   EXPECT_EQ(FlDiffKont(store.get(), a, nullptr, 0, 1, &list, &last, &no_cross, &contain),
             PA_INVALID);
   EXPECT_TRUE(list == nullptr && last == FL_EMPTY);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, disc}));
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, disc, same}));
 }
 
 TEST(BewDiffMaxKont, TheLargestLoopOrNothing) {
