@@ -51,34 +51,36 @@ const char kExitStatus[] =
     "(the message gives the file and line; nothing is printed then) or the\n"
     "output cannot be written, 2 for a usage error.\n";
 
-const std::string kInfoHelp = std::string(
-    "usage: polyarc info [--json] [--block N]... [--case ID] FILE...\n"
-    "\n"
-    "Prints the measures of every contour in the files: its elements (lines,\n"
-    "arcs), whether it is closed, its orientation and signed area (counter-\n"
-    "clockwise positive; '-' for an open contour), its length and its bounding\n"
-    "box, in an aligned table. The reader merges a vertex that lies within the\n"
-    "tolerance (on both axes) of the vertex before it, or, closing a contour, of\n"
-    "its first vertex: the 'merged' column counts them and the lines below the\n"
-    "table say which.\n"
-    "\n"
-    "options:\n"
-    "  --json      the same as JSON, with numbers that read back exactly\n") +
+const std::string kInfoHelp =
+    std::string(
+        "usage: polyarc info [--json] [--block N]... [--case ID] FILE...\n"
+        "\n"
+        "Prints the measures of every contour in the files: its elements (lines,\n"
+        "arcs), whether it is closed, its orientation and signed area (counter-\n"
+        "clockwise positive; '-' for an open contour), its length and its bounding\n"
+        "box, in an aligned table. The reader merges a vertex that lies within the\n"
+        "tolerance (on both axes) of the vertex before it, or, closing a contour, of\n"
+        "its first vertex: the 'merged' column counts them and the lines below the\n"
+        "table say which.\n"
+        "\n"
+        "options:\n"
+        "  --json      the same as JSON, with numbers that read back exactly\n") +
     kSelectionOptions + "  -h, --help  this text\n" + kSelectionNote + kExitStatus;
 
-const std::string kRenderHelp = std::string(
-    "usage: polyarc render FILE... -o OUT.svg [--marks] [--title TEXT] [--width PX]\n"
-    "                      [--block N]... [--case ID]\n"
-    "\n"
-    "Draws the contours of the files into one SVG picture, each file in its own\n"
-    "colour, with a legend. Arcs are drawn as arcs, the y axis points up, and\n"
-    "the picture fits the contours' bounding box with a margin.\n"
-    "\n"
-    "options:\n"
-    "  -o, --output OUT.svg  where the picture goes ('-' for standard output)\n"
-    "  --marks               mark each contour's start point and direction\n"
-    "  --title TEXT          a title above the drawing\n"
-    "  --width PX            width of the picture in pixels (default 640)\n") +
+const std::string kRenderHelp =
+    std::string(
+        "usage: polyarc render FILE... -o OUT.svg [--marks] [--title TEXT] [--width PX]\n"
+        "                      [--block N]... [--case ID]\n"
+        "\n"
+        "Draws the contours of the files into one SVG picture, each file in its own\n"
+        "colour, with a legend. Arcs are drawn as arcs, the y axis points up, and\n"
+        "the picture fits the contours' bounding box with a margin.\n"
+        "\n"
+        "options:\n"
+        "  -o, --output OUT.svg  where the picture goes ('-' for standard output)\n"
+        "  --marks               mark each contour's start point and direction\n"
+        "  --title TEXT          a title above the drawing\n"
+        "  --width PX            width of the picture in pixels (default 640)\n") +
     kSelectionOptions + "  -h, --help            this text\n" + kSelectionNote + kExitStatus;
 
 const std::string kDemoHelp = std::string(

@@ -307,8 +307,7 @@ std::string Arrow(const LI_TAB_STRUCT *e, const View &view, const char *colour) 
 // pixels (hidden under the stroke), which bounds their length by the
 // outlines' length in pixels; an outline still too long (one that zigzags
 // at every pixel) is left unfilled.
-std::vector<std::string> Fills(const std::vector<const LI_TAB_STRUCT *> &closed,
-                               const View &view) {
+std::vector<std::string> Fills(const std::vector<const LI_TAB_STRUCT *> &closed, const View &view) {
   const std::size_t whole = std::numeric_limits<std::size_t>::max();
   std::vector<std::string> data;
   std::size_t size = 0;

@@ -23,9 +23,9 @@ namespace {
 
 struct Vertex {
   GE_POINT p;
-  double bulge;       // of the segment that starts here
-  int line;           // where the vertex was written
-  int segment_line;   // where the bulge was written: line, or a vertex merged into this one
+  double bulge;      // of the segment that starts here
+  int line;          // where the vertex was written
+  int segment_line;  // where the bulge was written: line, or a vertex merged into this one
 };
 
 struct Block {
@@ -266,13 +266,12 @@ bool Finite(GE_POINT p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 // The element's numbers, its length and its share of the area are finite.
 // A huge bulge can give an arc whose radius squared overflows.
 bool FiniteElement(const LI_TAB_STRUCT *e) {
-  bool finite = Finite(e->ap) && Finite(e->ep) && Finite(e->mp) && std::isfinite(e->rad) &&
-                std::isfinite(e->ang_ap) && std::isfinite(e->ang_ep) &&
-                Finite({e->box.xmin, e->box.ymin}) && Finite({e->box.xmax, e->box.ymax}) &&
-                std::isfinite(LiElemLen(e)) &&
-                std::isfinite((e->ep.x - e->ap.x) * (e->ap.y + e->ep.y));
-  if (finite && IsArc(e)) finite = std::isfinite(GeArcArea(&e->ap, &e->ep, &e->mp, e->rad, e->type));
-  return finite;
+  const bool numbers = Finite(e->ap) && Finite(e->ep) && Finite(e->mp) && std::isfinite(e->rad) &&
+                       std::isfinite(e->ang_ap) && std::isfinite(e->ang_ep) &&
+                       Finite({e->box.xmin, e->box.ymin}) && Finite({e->box.xmax, e->box.ymax});
+  const double chord_area = (e->ep.x - e->ap.x) * (e->ap.y + e->ep.y);
+  if (!numbers || !std::isfinite(LiElemLen(e)) || !std::isfinite(chord_area)) return false;
+  return !IsArc(e) || std::isfinite(GeArcArea(&e->ap, &e->ep, &e->mp, e->rad, e->type));
 }
 
 // Draws the segment that starts at vertex v and ends at p (which differ).
@@ -300,8 +299,8 @@ std::optional<TextError> DrawSegment(LI_HEAD *store, LI_TAB_STRUCT *&k, const Ve
   return std::nullopt;
 }
 
-std::optional<TextError> DrawBlock(const Block &block, const std::vector<Vertex> &v,
-                                   LI_HEAD *store, LI_TAB_STRUCT *&k) {
+std::optional<TextError> DrawBlock(const Block &block, const std::vector<Vertex> &v, LI_HEAD *store,
+                                   LI_TAB_STRUCT *&k) {
   if (const uint16_t status = LiMove(store, &k, &v[0].p); status != PA_OK) {
     return TextError{v[0].line, "cannot start the contour: " + StatusText(status)};
   }

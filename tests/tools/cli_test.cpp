@@ -110,10 +110,8 @@ TEST(Cli, BadFilesAndUsageGiveTheirExitCodeAndMessage) {
       {{"info", corpus}, 1, "jts_valid.txt:536: 'nan' is not a finite number\n"},
       {{"info", "--json", absurd}, 1, "absurd.txt:4: the segment from this vertex comes out"},
       {{"info", corpus, "--case", "TestValid.xml#49"}, 1, "jts_valid.txt:536: 'nan'"},
-      {{"info", corpus, "--case", "TestValid.xml#0"}, 1, "jts_valid.txt: no case 'TestValid"},
       {{"render", good, "-o", svg, "--block", "2"}, 1, "good.txt: no block 2 (the text has 1 "},
       {{"info", good, "--block", "0"}, 2, "--block needs a block number from 1, not '0'"},
-      {{"info", good, "--block", "1x"}, 2, "--block needs a block number"},
       {{"info", (dir / "missing.txt").string()}, 1, "missing.txt: cannot open"},
       {{"info", dir.string()}, 1, "is a directory"},
       {{}, 2, "usage: polyarc COMMAND [OPTIONS] [FILE...]\n"},
@@ -159,7 +157,8 @@ TEST(Cli, InfoSaysWhichVerticesWereMerged) {
       WriteFile(dir, "merged.txt", "0 0\n1 0\n1.00001 0\n1 1\n0.00002 -0.00001\n");
   Result r = Polyarc({"info", path});
   EXPECT_EQ(r.code, 0) << r.err;
-  EXPECT_TRUE(std::regex_search(r.out, std::regex("/merged.txt +1 +1 +2 +3 +3 +0 +closed +ccw +0.5 ")))
+  EXPECT_TRUE(
+      std::regex_search(r.out, std::regex("/merged.txt +1 +1 +2 +3 +3 +0 +closed +ccw +0.5 ")))
       << r.out;
   EXPECT_NE(r.out.find("\nMerged vertices (each lies within the tolerance 5e-05 of the vertex it "
                        "joins, on both axes):\n" +
@@ -174,9 +173,6 @@ TEST(Cli, InfoSaysWhichVerticesWereMerged) {
                        "{\"line\": 5, \"into\": 1, \"closing\": true}]"),
             std::string::npos)
       << r.out;
-  EXPECT_EQ(JsonMember(Polyarc({"info", "--json", WriteFile(dir, "plain.txt", kSquare)}).out,
-                       "merged")[0],
-            "[]");
 }
 
 // One case or block of a corpus file is read, and a bad one elsewhere in
@@ -187,8 +183,6 @@ TEST(Cli, BlocksAndCasesChooseWhatIsRead) {
   EXPECT_EQ(r.code, 0) << r.err;
   EXPECT_EQ(JsonMember(r.out, "index"), (std::vector<std::string>{"1"}));
   EXPECT_EQ(JsonMember(r.out, "area"), (std::vector<std::string>{"-27129"}));
-  EXPECT_NE(r.out.find("\"merged\": [{\"line\": 16, \"into\": 15,"), std::string::npos)
-      << "its repeated vertex";
 
   r = Polyarc({"info", "--json", corpus, "--block", "3", "--block=1"});
   EXPECT_EQ(r.code, 0) << r.err;
