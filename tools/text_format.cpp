@@ -427,8 +427,9 @@ bool ReadContourFile(const std::string &path, ContourList &out, std::string &err
     failure = ReadContours(in, out, choice);
   }
   if (!failure) return true;
-  const std::string line = failure->line > 0 ? ":" + std::to_string(failure->line) : "";
-  error = path + line + ": " + failure->message;
+  error = path;
+  if (failure->line > 0) error += ':' + std::to_string(failure->line);
+  error += ": " + failure->message;
   return false;
 }
 
