@@ -13,7 +13,7 @@ namespace {
 // full circle counts as the whole disc instead.
 double ElementArea(const LI_TAB_STRUCT &e, double tol) {
   const double sense = e.type == LI_ARC_CCW ? 1.0 : -1.0;
-  if (IsArc(e) && CoincidePerAxis(e.ap, e.ep, tol)) return sense * kPi * e.rad * e.rad;
+  if (IsArc(e) && IsFullCircle(e, tol)) return sense * kPi * e.rad * e.rad;
   double area = -0.5 * (e.ep.x - e.ap.x) * (e.ap.y + e.ep.y);
   if (IsArc(e)) area += sense * GeArcArea(&e.ap, &e.ep, &e.mp, e.rad, e.type);
   return area;

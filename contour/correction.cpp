@@ -28,11 +28,16 @@ uint16_t CorrectAlongTangent(LI_HEAD *head, LI_TAB_STRUCT **kont, GE_POINT p) {
 }
 
 // p is off the tangent line: only an arc whose circle carries p can move
-// its start there, and not onto its own end.
+// its start there, and not onto its own end. An arc's end stays where its
+// successor starts; for a full circle that is the whole contour, its
+// successor is itself, so its end moves with its start and it stays a
+// closed full circle, now starting at p. (A full circle followed by other
+// elements becomes the arc from p to where they start, as any arc would.)
 uint16_t CorrectOnCircle(LI_TAB_STRUCT *e, GE_POINT p, double tol) {
   if (!IsArc(*e)) return PA_IMPOSSIBLE;
   if (std::fabs(Norm(p - e->mp) - e->rad) >= tol) return PA_IMPOSSIBLE;
   if (CoincidePerAxis(p, e->ep, tol)) return PA_IMPOSSIBLE;
+  if (e->next == e && IsFullCircle(*e, tol)) e->ep = p;
   e->ap = p;
   return LiElemExpand(e);
 }
@@ -97,20 +102,22 @@ uint16_t Rejoin(LI_TAB_STRUCT *k, bool closed) {
   return status;
 }
 
-// The angle an arc sweeps, a full circle's included.
-double SweptAngle(const LI_TAB_STRUCT &arc, double tol) {
-  return CoincidePerAxis(arc.ap, arc.ep, tol) ? kTwoPi : TravelSweep(arc);
-}
-
-// Arcs that are nearly straight at the scale min become lines.
+// Arcs that are nearly straight at the scale min become lines. Each is
+// recomputed as a line at once, so that one the final recomputation leaves
+// out (the last element of an open contour, or the only one left) holds a
+// line's fields too; the status of this recomputation is not reported, the
+// later one reports it for every element it reaches.
 void Flatten(LI_TAB_STRUCT *k, double min) {
   const double tol = Tol();
   LI_TAB_STRUCT *e = k;
   do {
     if (IsArc(*e)) {
       const double bow = std::fabs(LiElemLen(e) - Dist(e->ap, e->ep));
-      const double sagitta = (1.0 - std::cos(0.5 * SweptAngle(*e, tol))) * e->rad;
-      if (bow < min && sagitta < min) e->type = LI_LINE;
+      const double sagitta = (1.0 - std::cos(0.5 * CoveredSweep(*e, tol))) * e->rad;
+      if (bow < min && sagitta < min) {
+        e->type = LI_LINE;
+        LiElemExpandDrawVectorized(e);
+      }
     }
     e = e->next;
   } while (e != k);

@@ -1,6 +1,8 @@
 // Merging runs of elements that continue one another, and the
 // process-wide choose function that decides whose payload a merged
 // element keeps. This file owns that function.
+#include <cmath>
+
 #include "geom/predicates.h"
 #include "polyarc/ge.h"
 #include "polyarc/li.h"
@@ -12,6 +14,16 @@ namespace {
 // concurrent use and leave it alone.
 LI_CRUNCH_CHOOSE g_choose = nullptr;
 
+// One arc covers at most a full turn: two arcs whose turns add up to more
+// (beyond tol along the circle) stay apart, since the merged arc would
+// silently lose the excess. A full circle covers a full turn already, so
+// it never merges with a neighbour; arcs that make up exactly one turn
+// merge into a full circle.
+bool FitsOneTurn(const LI_TAB_STRUCT &e, const LI_TAB_STRUCT &n, double tol) {
+  const double excess = CoveredSweep(e, tol) + CoveredSweep(n, tol) - kTwoPi;
+  return excess * std::fabs(e.rad) < tol;
+}
+
 // n continues e: same type, same carrier and sense, and no gap between.
 bool Continues(const LI_TAB_STRUCT &e, const LI_TAB_STRUCT &n, double tol) {
   if (n.type != e.type) return false;
@@ -19,6 +31,7 @@ bool Continues(const LI_TAB_STRUCT &e, const LI_TAB_STRUCT &n, double tol) {
   // point-like and merging it changes no shape.
   const uint16_t parallel = GeElemTestParallel(&e, &n);
   if (parallel != 1 && parallel != 2) return false;
+  if (IsArc(e) && !FitsOneTurn(e, n, tol)) return false;
   return CoincidePerAxis(e.ep, n.ap, tol);
 }
 

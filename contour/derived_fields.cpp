@@ -16,14 +16,16 @@ ArcBox SegmentBox(const LI_TAB_STRUCT &e) {
           {std::max(e.ap.x, e.ep.x), std::max(e.ap.y, e.ep.y)}};
 }
 
+// An arc covers the points of the circle of radius |rad| from ap to ep in
+// its sense of travel, whatever the sign of rad, so its box is taken from
+// the real end points and |rad|.
 ArcBox TightBox(const LI_TAB_STRUCT &e, double tol) {
   if (!IsArc(e)) return SegmentBox(e);
-  if (CoincidePerAxis(e.ap, e.ep, tol)) {
-    return {{e.mp.x - e.rad, e.mp.y - e.rad}, {e.mp.x + e.rad, e.mp.y + e.rad}};
-  }
+  const double r = std::fabs(e.rad);
+  if (IsFullCircle(e, tol)) return {{e.mp.x - r, e.mp.y - r}, {e.mp.x + r, e.mp.y + r}};
   // The clockwise arc from ap to ep, or, for type 4, from ep to ap.
-  return e.type == LI_ARC_CW ? ClockwiseArcBox(e.mp, e.rad, e.ap, e.ep)
-                             : ClockwiseArcBox(e.mp, e.rad, e.ep, e.ap);
+  return e.type == LI_ARC_CW ? ClockwiseArcBox(e.mp, r, e.ap, e.ep)
+                             : ClockwiseArcBox(e.mp, r, e.ep, e.ap);
 }
 
 void StoreBox(LI_TAB_STRUCT &e, const ArcBox &b, double tol) {
@@ -42,11 +44,15 @@ uint16_t ExpandLine(LI_TAB_STRUCT &e, double tol) {
   return f.degenerate ? PA_ZERO_LENGTH : PA_OK;
 }
 
+// With rad < 0 the angles stored are those of the carrier points mp +
+// rad (cos a, sin a), opposite the ends' polar angles, and k = 1/rad turns
+// the tangents round: the fields LiParElem leaves on an arc moved past its
+// centre, so that a piece cut from such an arc reads like the arc itself.
 uint16_t ExpandArc(LI_TAB_STRUCT &e, double tol) {
   const GE_POINT ra = e.ap - e.mp;
   const GE_POINT re = e.ep - e.mp;
-  e.ang_ap = Angle(ra);
-  e.ang_ep = Angle(re);
+  e.ang_ap = ArcAngleOf(Angle(ra), e.rad);
+  e.ang_ep = ArcAngleOf(Angle(re), e.rad);
   uint16_t status = PA_OK;
   if (std::fabs(e.rad) >= tol) {
     const double k = 1.0 / e.rad;

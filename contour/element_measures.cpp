@@ -1,5 +1,6 @@
 // Measures of single elements and contours: reversal, length and the point
 // at a fraction of the way along an element.
+#include <cmath>
 #include <utility>
 
 #include "geom/predicates.h"
@@ -9,16 +10,19 @@ namespace polyarc {
 namespace {
 
 // The angle an arc sweeps from ang_ap to ang_ep in its sense of travel.
-// Equal end angles give 0, so a full circle is not a full turn here.
+// Equal end angles give 0, so a full circle is deliberately not a full turn
+// here: every point of it is its start (callers split a full circle to get
+// points on it).
 double ArcSweep(const LI_TAB_STRUCT &e) {
   // The second turn only matters for angles outside (-pi, pi].
   return SweepOnce(TravelSweep(e));
 }
 
+// An arc's length is the angle it covers times |rad|, a full circle's a
+// full turn: never negative, also for an arc moved past its centre.
 double ElemLen(const LI_TAB_STRUCT &e) {
   if (!IsArc(e)) return e.ang_ep - e.ang_ap;
-  if (CoincidePerAxis(e.ap, e.ep, Tol())) return kTwoPi * e.rad;
-  return TravelSweep(e) * e.rad;
+  return CoveredSweep(e, Tol()) * std::fabs(e.rad);
 }
 
 GE_POINT ElemPt(const LI_TAB_STRUCT &e, double u) {

@@ -45,24 +45,26 @@ uint16_t SplitAfter(LI_HEAD *head, LI_TAB_STRUCT &e, LI_TAB_STRUCT *&out, GE_POI
   return PA_OK;
 }
 
-// Puts both ends of an arc at distance rad from its centre by moving the
-// centre: to the crossing of the circles of radius rad about the two ends
-// that is nearer the old centre, or, when the ends are too far apart for
-// rad, to the middle of the chord with half the chord as radius.
+// Puts both ends of an arc at distance |rad| from its centre by moving the
+// centre: to the crossing of the circles of radius |rad| about the two ends
+// that is nearer the old centre, or, when the ends are too far apart, to
+// the middle of the chord with half the chord as radius. A negative radius
+// keeps its sign, so that an arc moved past its centre stays one.
 uint16_t CorrectRadius(LI_TAB_STRUCT &e) {
   const double tol = Tol();
-  if (std::fabs(e.rad) <= tol || CoincidePerAxis(e.ap, e.ep, tol)) return PA_OK;
-  if (std::fabs(Dist(e.ap, e.mp) - e.rad) <= tol && std::fabs(Dist(e.ep, e.mp) - e.rad) <= tol)
+  const double r = std::fabs(e.rad);
+  if (r <= tol || IsFullCircle(e, tol)) return PA_OK;
+  if (std::fabs(Dist(e.ap, e.mp) - r) <= tol && std::fabs(Dist(e.ep, e.mp) - r) <= tol)
     return PA_OK;
   uint16_t count = 0;
   GE_POINT first{}, second{};
-  if (const uint16_t status = GeIseCirCir(&e.ap, e.rad, &e.ep, e.rad, &count, &first, &second);
+  if (const uint16_t status = GeIseCirCir(&e.ap, r, &e.ep, r, &count, &first, &second);
       status != PA_OK) {
     return status;
   }
   if (count == 0) {
     e.mp = (e.ap + e.ep) * 0.5;
-    e.rad = Dist(e.ap, e.ep) * 0.5;
+    e.rad = std::copysign(Dist(e.ap, e.ep) * 0.5, e.rad);
   } else if (count == 1 || Norm2(first - e.mp) <= Norm2(second - e.mp)) {
     e.mp = first;
   } else {

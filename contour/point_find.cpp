@@ -16,25 +16,25 @@ namespace {
 struct CarryRule {
   double eps;          // distance from an arc's circle, end points, line range
   double line_band;    // distance across a line
-  double circle_tol;   // ends closer than this make an arc a full circle
+  double circle_tol;   // ends within this per axis make an arc a full circle
   bool interior_only;  // end points do not count, arc ranges are strict
 };
 
+// A full circle carries every point of its circle; other arcs compare p's
+// angle with their range exactly, the circle test having spent the
+// tolerance.
 bool ArcCarries(const LI_TAB_STRUCT &e, GE_POINT p, const CarryRule &rule) {
   if (std::fabs(Norm(p - e.mp) - std::fabs(e.rad)) >= rule.eps) return false;
-  const bool full_circle = CoincideByDistance(e.ap, e.ep, rule.circle_tol);
+  const double angle = Angle(p - e.mp);
   if (rule.interior_only) {
     // Only points farther than eps from both ends count; the caller has
     // already passed over points within eps per axis of an end.
     const double eps2 = rule.eps * rule.eps;
     if (Norm2(p - e.ap) <= eps2 || Norm2(p - e.ep) <= eps2) return false;
-    return full_circle ||
-           AngleInRange(Angle(p - e.mp), RangeOf(e), Bounds::kStrict, EqualEnds::kFullTurn);
+    return AngleOnArc(angle, e, rule.circle_tol, Bounds::kStrict);
   }
   if (CoincideByDistance(p, e.ep, rule.eps) || CoincideByDistance(p, e.ap, rule.eps)) return true;
-  if (full_circle) return true;
-  // Compared exactly: the circle test above already holds the tolerance.
-  return AngleInRange(Angle(p - e.mp), RangeOf(e), Bounds::kInclusive, EqualEnds::kFullTurn);
+  return AngleOnArc(angle, e, rule.circle_tol, Bounds::kInclusive);
 }
 
 bool LineCarries(const LI_TAB_STRUCT &e, GE_POINT p, const CarryRule &rule) {

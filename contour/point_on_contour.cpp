@@ -13,9 +13,9 @@ bool OnElem(const LI_TAB_STRUCT &e, GE_POINT p) {
   if (CoincideByDistance(p, e.ep, tol) || CoincideByDistance(p, e.ap, tol)) return true;
   if (IsArc(e)) {
     if (std::fabs(Dist(p, e.mp) - e.rad) >= tol) return false;
-    // Exact angles: the tolerance was spent on the ends. Equal end angles
-    // (a full circle) hold every angle.
-    return AngleInRange(Angle(p - e.mp), RangeOf(e), Bounds::kInclusive, EqualEnds::kFullTurn);
+    // Exact angles: the tolerance was spent on the ends. A full circle
+    // holds every angle.
+    return AngleOnArc(Angle(p - e.mp), e, tol, Bounds::kInclusive);
   }
   if (CarrierDistance(e, p) >= tol) return false;
   const double u = LineParameter(e, p);

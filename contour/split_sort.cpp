@@ -104,8 +104,7 @@ extern "C" LI_TAB_STRUCT *LiSortKont(LI_TAB_STRUCT **kont, int32_t keep_dir, int
   LI_TAB_STRUCT *first = *kont;
   LI_TAB_STRUCT *rest = first->next;
   Unlink(first);
-  if (stop_closed != 0 && IsArc(*first) && CoincidePerAxis(first->ap, first->ep, Tol()))
-    return rest;
+  if (stop_closed != 0 && IsArc(*first) && IsFullCircle(*first, Tol())) return rest;
   Sorter sorter(kont, rest);
   const bool reverse_first = keep_dir == 0;
   bool reverse = reverse_first;

@@ -12,8 +12,6 @@ namespace {
 
 GE_POINT Plane(const GE_POINT3 &p) { return {p.x, p.y}; }
 
-uint16_t SenseOf(double turn) { return turn > 0.0 ? LI_ARC_CCW : LI_ARC_CW; }
-
 // Every point lies in the plane z = a.z within tol.
 bool SamePlane(const GE_POINT3 &a, const GE_POINT3 &b, const GE_POINT3 &c) {
   const double tol = Tol();
@@ -61,7 +59,7 @@ uint16_t ThreePoints(GE_POINT p1, GE_POINT &p2, GE_POINT &p3, GE_POINT &centre, 
   // After the exchange the turn is reversed, so that the code describes
   // the travel through the points in the order they were passed in.
   const double turn = Cross(p2 - p1, p3 - p1);
-  sense = SenseOf(exchanged ? -turn : turn);
+  sense = SenseOfTurn(exchanged ? -turn : turn);
   return GeCirByPtPtPt(&p1, &p2, &p3, &centre, &radius);
 }
 
@@ -72,7 +70,7 @@ uint16_t ByThreePoints(const GE_POINT3 &p1, const GE_POINT3 &p2, const GE_POINT3
   GE_POINT m{};
   if (const uint16_t st = GeCirByPtPtPt(&a, &b, &c, &m, &radius); st != PA_OK) return st;
   centre = {m.x, m.y, p1.z};
-  sense = SenseOf(Cross(b - a, c - a));
+  sense = SenseOfTurn(Cross(b - a, c - a));
   return PA_OK;
 }
 
@@ -87,7 +85,7 @@ uint16_t ByTangent(const GE_POINT3 &p1, const GE_POINT3 &p2, const GE_POINT3 &p3
   if (const uint16_t st = GeCirByPtOnLinPt(&b, &normal, constant, &c, &m, &radius); st != PA_OK)
     return st;
   centre = {m.x, m.y, p1.z};
-  sense = SenseOf(Cross(b - a, c - b));
+  sense = SenseOfTurn(Cross(b - a, c - b));
   return PA_OK;
 }
 

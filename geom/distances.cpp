@@ -65,24 +65,28 @@ Pair LineLine(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b) {
 }
 
 // The gap is the centre's distance from the carrier less the radius; the
-// foot pair counts only when the carrier misses the circle.
+// foot pair counts only when the carrier misses the circle. A full circle
+// holds every angle, here and in ArcArc.
 Pair LineArc(const LI_TAB_STRUCT &line, const LI_TAB_STRUCT &arc) {
+  const double tol = Tol();
   const double t = LineParameter(line, arc.mp);
   const GE_POINT foot = LinePoint(line, t);
   const double angle = Angle(foot - arc.mp);
   const double centre_dist = CarrierDistance(line, arc.mp);
-  if (line.ang_ap <= t && t <= line.ang_ep && AngleOnArc(angle, arc) &&
-      !CoincidePerAxis(foot, arc.mp, Tol()) && centre_dist > arc.rad)
+  if (line.ang_ap <= t && t <= line.ang_ep && AngleOnArc(angle, arc, tol, Bounds::kInclusive) &&
+      !CoincidePerAxis(foot, arc.mp, tol) && centre_dist > arc.rad)
     return {centre_dist - arc.rad, foot, t, Polar(arc.mp, arc.rad, angle), angle};
   return EndCandidates(line, ToSegment, arc, ToArc);
 }
 
 // Overlapping or nested circles always take the end-point answer.
 Pair ArcArc(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b) {
+  const double tol = Tol();
   const double angle1 = Angle(b.mp - a.mp);
   const double angle2 = Angle(a.mp - b.mp);
   const double gap = Dist(a.mp, b.mp) - a.rad - b.rad;
-  if (AngleOnArc(angle1, a) && AngleOnArc(angle2, b) && !CoincidePerAxis(a.mp, b.mp, Tol()) &&
+  if (AngleOnArc(angle1, a, tol, Bounds::kInclusive) &&
+      AngleOnArc(angle2, b, tol, Bounds::kInclusive) && !CoincidePerAxis(a.mp, b.mp, tol) &&
       gap > 0.0)
     return {gap, Polar(a.mp, a.rad, angle1), angle1, Polar(b.mp, b.rad, angle2), angle2};
   return EndCandidates(a, ToArc, b, ToArc);

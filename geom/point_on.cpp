@@ -32,8 +32,8 @@ uint16_t OnElement(const LI_TAB_STRUCT &e, GE_POINT p, double band) {
   if (std::fabs(Dist(p, e.mp) - std::fabs(e.rad)) >= tol) return 0;
   if (CoincideByDistance(p, e.ep, tol)) return GE_AT_END;
   if (CoincideByDistance(p, e.ap, tol)) return GE_AT_START;
-  if (CoincideByDistance(e.ap, e.ep, tol)) return GE_INSIDE;
-  return AngleOnArc(Angle(p - e.mp), e) ? GE_INSIDE : 0;
+  // The sign of rad plays no part: p's own angle is tested.
+  return AngleOnArc(Angle(p - e.mp), e, tol, Bounds::kInclusive) ? GE_INSIDE : 0;
 }
 
 uint16_t NearestOnLine(GE_POINT p, const LI_TAB_STRUCT &e, GE_POINT &nearest, double &dist) {
@@ -77,18 +77,19 @@ uint16_t PointOn(const LI_TAB_STRUCT &e, GE_POINT &p, double &par) {
   }
   const double angle = Angle(p - e.mp);
   par = angle;
-  if (CoincidePerAxis(e.ap, e.ep, tol)) return GE_INSIDE;
-  // A negative radius places the carrier point opposite its angle.
-  const double test = e.rad < 0.0 ? Opposite(angle) : angle;
-  if (AngleOnArc(test, e)) return GE_INSIDE;
+  // A negative radius places the carrier point opposite its angle, and
+  // the stored angles are those of the points so placed.
+  const double test = ArcAngleOf(angle, e.rad);
+  if (AngleOnArc(test, e, tol, Bounds::kInclusive)) return GE_INSIDE;
   return BeforeOrBeyond(e, test);
 }
 
+// A full circle holds every angle, so every point has its radial foot.
 void NearestOnArc(GE_POINT p, const LI_TAB_STRUCT &e, double &dist, GE_POINT &nearest,
                   double &angle) {
   dist = std::fabs(Dist(p, e.mp) - e.rad);
   angle = Angle(p - e.mp);
-  if (AngleOnArc(angle, e)) {
+  if (AngleOnArc(angle, e, Tol(), Bounds::kInclusive)) {
     nearest = Polar(e.mp, e.rad, angle);
     return;
   }

@@ -65,13 +65,41 @@ constexpr double SweepInSense(uint16_t type, double from, double to) {
 }
 
 // The angle an arc sweeps in its own sense of travel, in [0, 2pi). Equal
-// end angles give 0, so a full circle is not a full turn here.
+// end angles give 0, so a full circle is not a full turn here; callers
+// that mean the angle an arc covers take CoveredSweep.
 constexpr double TravelSweep(const LI_TAB_STRUCT &e) {
   return SweepInSense(e.type, e.ang_ap, e.ang_ep);
 }
 
 // An angle in (-pi, pi] turned by half a turn, staying in (-pi, pi].
 constexpr double Opposite(double a) { return a + kPi > kPi ? a + kPi - kTwoPi : a + kPi; }
+
+// The angle an arc stores for a point of its carrier at the given polar
+// angle about mp: the polar angle itself, or its opposite when rad < 0
+// (the point is mp + rad (cos a, sin a), so it lies opposite the angle).
+constexpr double ArcAngleOf(double polar, double rad) {
+  return rad < 0.0 ? Opposite(polar) : polar;
+}
+
+// An arc whose ends coincide within tol per axis is a full circle: it
+// covers a full turn and holds every angle. This is the one place that
+// decides it, per axis like the other end-point coincidences, so that
+// every function agrees on which arcs are full circles. Every element
+// that is not a line counts as an arc here.
+constexpr bool IsFullCircle(const LI_TAB_STRUCT &arc, double tol) {
+  return !IsLine(arc) && CoincidePerAxis(arc.ap, arc.ep, tol);
+}
+
+// The angle an arc covers in its sense of travel: a full turn for a full
+// circle, else its travel sweep in [0, 2pi).
+constexpr double CoveredSweep(const LI_TAB_STRUCT &arc, double tol) {
+  return IsFullCircle(arc, tol) ? kTwoPi : TravelSweep(arc);
+}
+
+// The turning sense of the travel p1 -> p2 -> p3 from its turn
+// (p2 - p1) x (p3 - p1): counter-clockwise (4) when positive, else
+// clockwise (3), collinear included.
+constexpr uint16_t SenseOfTurn(double turn) { return turn > 0.0 ? LI_ARC_CCW : LI_ARC_CW; }
 
 // An arc's angular range in counter-clockwise order: from lo up to hi,
 // wrapping through +-pi when lo > hi.
@@ -94,6 +122,8 @@ enum class Bounds { kInclusive, kStrict };
 // What a range with lo == hi holds: the single angle, or every angle.
 enum class EqualEnds { kSingleAngle, kFullTurn };
 
+// An angle against an explicit range. For an element's range take
+// AngleOnArc, which knows full circles.
 constexpr bool AngleInRange(double a, AngleRange r, Bounds bounds, EqualEnds equal) {
   const bool wraps = equal == EqualEnds::kFullTurn ? r.lo >= r.hi : r.lo > r.hi;
   if (bounds == Bounds::kInclusive)
@@ -101,10 +131,11 @@ constexpr bool AngleInRange(double a, AngleRange r, Bounds bounds, EqualEnds equ
   return wraps ? (a > r.lo || a < r.hi) : (r.lo < a && a < r.hi);
 }
 
-// The inclusive range test used by the evaluation and distance functions:
-// equal end angles hold only that angle.
-constexpr bool AngleOnArc(double a, const LI_TAB_STRUCT &arc) {
-  return AngleInRange(a, RangeOf(arc), Bounds::kInclusive, EqualEnds::kSingleAngle);
+// Is the angle in the arc's range? A full circle holds every angle; any
+// other arc the angles from ang_ap to ang_ep in its sense of travel, its
+// end angles included or not as bounds says.
+constexpr bool AngleOnArc(double a, const LI_TAB_STRUCT &arc, double tol, Bounds bounds) {
+  return IsFullCircle(arc, tol) || AngleInRange(a, RangeOf(arc), bounds, EqualEnds::kSingleAngle);
 }
 
 }  // namespace polyarc

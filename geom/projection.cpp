@@ -22,6 +22,7 @@ uint16_t Project(const LI_TAB_STRUCT &e, GE_POINT p, GE_POINT &foot) {
 }
 
 uint16_t Side(const LI_TAB_STRUCT &e, GE_POINT p, int32_t &side, double &dist) {
+  const double tol = Tol();
   double s = 0.0;
   uint16_t status = PA_OK;
   if (IsLine(e)) {
@@ -29,9 +30,9 @@ uint16_t Side(const LI_TAB_STRUCT &e, GE_POINT p, int32_t &side, double &dist) {
   } else {
     const double r = Dist(p, e.mp);
     s = e.type == LI_ARC_CCW ? e.rad - r : r - e.rad;
-    if (!AngleOnArc(Angle(p - e.mp), e)) status = PA_NOT_ON;
+    // A full circle holds every angle.
+    if (!AngleOnArc(Angle(p - e.mp), e, tol, Bounds::kInclusive)) status = PA_NOT_ON;
   }
-  const double tol = Tol();
   side = s > tol ? 1 : (s < -tol ? -1 : 0);
   dist = std::fabs(s);
   return status;
@@ -50,6 +51,9 @@ uint16_t Tangent(const LI_TAB_STRUCT &e, GE_POINT p, GE_POINT &t) {
   return PA_OK;
 }
 
+// A full circle is deliberately not halved: the sweep between its equal end
+// angles is 0, so its midpoint is its start (a caller that needs a point on
+// a full circle splits it first).
 GE_POINT Midpoint(const LI_TAB_STRUCT &e) {
   if (IsLine(e)) return {(e.ap.x + e.ep.x) * 0.5, (e.ap.y + e.ep.y) * 0.5};
   const double sense = e.type == LI_ARC_CCW ? 1.0 : -1.0;

@@ -113,19 +113,23 @@ void LineStretch(const LI_TAB_STRUCT &a, double s2, double e2, Ident &out) {
   out.code = kIdentStretch;
 }
 
-// The common stretch of two arcs on a's circle; b's own ends are reported
-// on a's circle, not clipped to a.
-void ArcStretch(const LI_TAB_STRUCT &a, double s2, double e2, Ident &out) {
-  const AngleRange own = RangeOf(a);
+// The common stretch of two arcs on a's circle, b's ends taken in a's sense
+// as s2 and e2; b's own ends are reported on a's circle, not clipped to a.
+// A full circle holds every angle and covers a full turn, whichever of the
+// two it is.
+void ArcStretch(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b, double s2, double e2, Ident &out) {
+  const double tol = Tol();
+  const bool b_full = IsFullCircle(b, tol);
   const AngleRange other = RangeInSense(a.type, s2, e2);
-  const auto in = [](double angle, AngleRange r) {
-    return AngleInRange(angle, r, Bounds::kInclusive, EqualEnds::kSingleAngle);
+  const auto in_a = [&](double angle) { return AngleOnArc(angle, a, tol, Bounds::kInclusive); };
+  const auto in_b = [&](double angle) {
+    return b_full || AngleInRange(angle, other, Bounds::kInclusive, EqualEnds::kSingleAngle);
   };
-  const bool start_side = in(s2, own) || in(a.ang_ap, other);
-  const bool end_side = in(e2, own) || in(a.ang_ep, other);
+  const bool start_side = in_a(s2) || in_b(a.ang_ap);
+  const bool end_side = in_a(e2) || in_b(a.ang_ep);
   if (!start_side || !end_side) return;
-  const double sweep = SweepInSense(a.type, s2, e2);
-  if (!(sweep * a.rad > Tol())) return;
+  const double sweep = b_full ? kTwoPi : SweepInSense(a.type, s2, e2);
+  if (!(sweep * a.rad > tol)) return;
   out.p1 = Polar(a.mp, a.rad, s2);
   out.p2 = Polar(a.mp, a.rad, e2);
   out.code = kIdentStretch;
@@ -152,7 +156,7 @@ Ident Identify(const LI_TAB_STRUCT &a, const LI_TAB_STRUCT &b) {
     if (!IsArc(b) || !SameCircle(a, b, out)) return out;
     out.code = kIdentCarrier;
     const bool flip = out.opposite != 0;
-    ArcStretch(a, flip ? b.ang_ep : b.ang_ap, flip ? b.ang_ap : b.ang_ep, out);
+    ArcStretch(a, b, flip ? b.ang_ep : b.ang_ap, flip ? b.ang_ap : b.ang_ep, out);
     return out;
   }
   if (a.type != LI_LINE || b.type != LI_LINE || !SameLine(a, b, out)) return out;

@@ -9,7 +9,10 @@
  *
  * All comparisons use the process-wide tolerance tol (GeEpsiGetTol), read
  * afresh at every call. "At a point" means a squared distance below tol^2.
- * Arc range tests include both end angles. None of these functions
+ * Arc range tests include both end angles. An arc whose ends coincide
+ * within tol in x and in y is a full circle: every angle is in its range
+ * (GeElemMpt alone treats it otherwise). An arc with rad < 0 reads as
+ * records.h describes. None of these functions
  * allocates. A null pointer argument makes a function return PA_INVALID
  * (or 0 where it returns a code or a value) without writing anything. */
 #ifndef POLYARC_GE_H
@@ -32,12 +35,15 @@ POLYARC_EXTERN double GeEpsiGetTol(void);
  * par   out: the point's parameter (line position, or polar angle about mp).
  * Returns GE_AT_START (1), GE_AT_END (2), GE_INSIDE (3, also anywhere on a
  * full circle), GE_BEFORE (4) or GE_BEYOND (5). A negative arc radius puts
- * the carrier point opposite its angle. */
+ * the carrier point opposite its angle: the range is then tested with the
+ * polar angle plus pi, the angles such an arc stores (par stays the polar
+ * angle). */
 POLYARC_EXTERN uint16_t GePointOn(const LI_TAB_STRUCT *e, GE_POINT *pt, double *par);
 
-/* Is p on e? 0 not on it, 1 at ap, 2 at ep, 3 between them. Across a line
- * the band is 10 x tol wide on each side, along it tol; across an arc tol
- * from the circle of radius |rad|. */
+/* Is p on e? 0 not on it, 1 at ap, 2 at ep, 3 between them (anywhere on a
+ * full circle). Across a line the band is 10 x tol wide on each side, along
+ * it tol; across an arc tol from the circle of radius |rad|, and p's own
+ * polar angle is tested against the range whatever the sign of rad. */
 POLYARC_EXTERN uint16_t GePtOnElem(const LI_TAB_STRUCT *e, const GE_POINT *p);
 
 /* GePtOnElem with a band of tol (not 10 x tol) across lines. */
@@ -51,7 +57,8 @@ POLYARC_EXTERN uint16_t GePtOnLine(const GE_POINT *p, const LI_TAB_STRUCT *line,
                                    double *dist);
 
 /* Nearest point of the arc to p: the radial foot when p's angle is in the
- * range, else the nearer end (ap on a tie, angle output its stored angle).
+ * range (always on a full circle), else the nearer end (ap on a tie, angle
+ * output its stored angle).
  * dist receives | |p - mp| - rad | or the distance to that end. Returns 0
  * when GePtOnElem finds p on the arc, PA_NOT_ON otherwise. */
 POLYARC_EXTERN uint16_t GePtOnArc(const GE_POINT *p, const LI_TAB_STRUCT *arc, double *dist,
@@ -65,7 +72,7 @@ POLYARC_EXTERN uint16_t GeProjPtElem(const LI_TAB_STRUCT *e, const GE_POINT *p, 
 /* Side of p relative to e's travel: +1 left, -1 right, 0 within tol of the
  * carrier; dist receives the distance from the carrier. Returns 0, or
  * PA_NOT_ON (1) when p's angle is outside an arc's range (the side is
- * still given). Lines have no range. */
+ * still given). Lines have no range, nor has a full circle. */
 POLYARC_EXTERN uint16_t GePtElemSide(const LI_TAB_STRUCT *e, const GE_POINT *p, int32_t *side,
                                      double *dist);
 
@@ -79,7 +86,8 @@ POLYARC_EXTERN uint16_t GePtElemTan(const LI_TAB_STRUCT *e, const GE_POINT *p, G
 POLYARC_EXTERN double GeKruem(const LI_TAB_STRUCT *e);
 
 /* The point halfway along e. An arc with equal end angles (a full circle
- * included) has sweep 0, so its midpoint is its start. Returns 0. */
+ * included) has sweep 0, so its midpoint is its start: a full circle is
+ * deliberately not halved. Returns 0. */
 POLYARC_EXTERN uint16_t GeElemMpt(const LI_TAB_STRUCT *e, GE_POINT *mid);
 
 /* Moves p radially onto the circle (left unchanged at the centre). Returns
@@ -175,8 +183,8 @@ POLYARC_EXTERN uint16_t GePtDrawDist(const GE_POINT *p, const LI_TAB_STRUCT *lin
 
 /* Nearest point of the arc to p, as GePtOnArc without its on-arc test:
  * the radial foot with | |p - mp| - rad | and p's angle when the angle is
- * in the range, else the nearer end (ap on a tie) with its stored angle
- * and the distance to it. Returns 0. */
+ * in the range (always on a full circle), else the nearer end (ap on a
+ * tie) with its stored angle and the distance to it. Returns 0. */
 POLYARC_EXTERN uint16_t GePtArcDist(const GE_POINT *p, const LI_TAB_STRUCT *arc, double *dist,
                                     GE_POINT *nearest, double *angle);
 
@@ -197,7 +205,8 @@ POLYARC_EXTERN uint16_t GeDrawDrawDist(const LI_TAB_STRUCT *l1, const LI_TAB_STR
 /* Distance of a segment and an arc. The foot of the arc's centre on the
  * line and the arc point towards it form the answer, with distance
  * |c - n.mp| - rad, when the foot is within the segment (inclusive), its
- * angle within the arc, the foot not within tol per axis of the centre and
+ * angle within the arc (any angle of a full circle), the foot not within
+ * tol per axis of the centre and
  * the centre farther than rad from the line (strict). Otherwise the best
  * of the end-point candidates (the line's ends against the arc, then the
  * arc's ends against the line), a later one only when strictly nearer.
@@ -207,7 +216,8 @@ POLYARC_EXTERN uint16_t GeDrawArcDist(const LI_TAB_STRUCT *line, const LI_TAB_ST
                                       double *anga);
 
 /* Distance of two arcs: the points of both circles on the centre line,
- * with |mp1 - mp2| - rad1 - rad2, when each lies within its arc, the
+ * with |mp1 - mp2| - rad1 - rad2, when each lies within its arc (a full
+ * circle holds both), the
  * centres differ by tol or more in x or y and that distance is > 0; else
  * the end-point candidates as in GeDrawArcDist (overlapping or nested
  * circles always take them). Returns 0. */
@@ -362,7 +372,9 @@ POLYARC_EXTERN uint16_t GeElemTestParallel(const LI_TAB_STRUCT *e1, const LI_TAB
  * |n1 x n2| < tol / the longer length and e2's start within tol of e1's
  * carrier) without a common stretch; 3 a common stretch longer than tol,
  * from *p1 to *p2 in e1's sense (for lines clipped to e1; for arcs e2's
- * own ends on e1's circle). *opposite: 1 when the senses are opposite.
+ * own ends on e1's circle). A full circle holds every angle, and as e2 it
+ * covers a full turn (its stretch runs once round, from its start back to
+ * it). *opposite: 1 when the senses are opposite.
  * Outputs are (0, 0), 0 and 1 unless set. */
 POLYARC_EXTERN void GeIdentElem(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, uint16_t *code,
                                 uint32_t *opposite, GE_POINT *p1, GE_POINT *p2);

@@ -278,25 +278,38 @@ POLYARC_EXTERN uint16_t LiCreateCircle(const GE_POINT *cen, double r, uint16_t d
 /* Moves e in place to the parallel element at distance d to the left of
  * its travel (side +1) or to the right (side -1): the ends move along the
  * stored tangents' normals, rad changes by the offset, and the box is
- * recomputed; centre, tangents and angles stay (no check that an arc's
- * radius stays positive). Returns 0, or PA_INVALID for a null e. */
+ * recomputed; centre, tangents and angles stay. There is no check that an
+ * arc's radius stays positive: an arc moved past its centre gets rad < 0
+ * (records.h says how such an arc reads). Returns 0, or PA_INVALID for a
+ * null e. */
 POLYARC_EXTERN uint16_t LiParElem(LI_TAB_STRUCT *e, int16_t side, double d);
 
 /* Offsets e in place by a distance that runs linearly from d0 at the start
  * to d1 at the end, to the left for side +1 (right for -1). A line (any
  * type but 3 and 4) gets new ends and is re-expanded. An arc becomes the
- * arc (GeArc3Points) through the start of its parallel at d0, the middle
- * of its parallel at (d0 + d1) / 2 and the end of its parallel at d1,
- * keeping its type. Returns the status of LiElemExpand, the status of
- * GeArc3Points when it fails (e is then unchanged), or PA_INVALID for a
- * null e. */
+ * arc through the start of its parallel at d0, the middle (GeElemMpt) of
+ * its parallel at (d0 + d1) / 2 and the end of its parallel at d1: the
+ * circle through them (GeCirByPtPtPt), type 4 when (p2 - p1) x (p3 - p1)
+ * > 0, else 3, as GeArc3Points decides. With d0 == d1 that arc is the
+ * parallel itself, taken directly: same centre, radius |rad -+ d| (an arc
+ * moved past its centre keeps its type), also for nearly straight arcs.
+ * A full circle stays a full circle about its centre at the mean distance
+ * when d0 and d1 differ by less than tol; otherwise its ends would part
+ * and it is refused (PA_DEGENERATE). Returns the status of LiElemExpand
+ * (PA_ZERO_RADIUS when the offset reaches the centre), PA_IMPOSSIBLE when
+ * no circle passes through the three points (two coincide, or they are
+ * collinear within tol), PA_DEGENERATE as above (e unchanged in both
+ * cases), or PA_INVALID for a null e. */
 POLYARC_EXTERN uint16_t LiConicElem(LI_TAB_STRUCT *e, int16_t side, double d0, double d1);
 
 /* Recomputes the derived fields of e from its type, ap, ep (and mp, rad for
- * arcs), box included. Returns 0, PA_ZERO_LENGTH for a line or move of
- * exactly zero length (direction left zero), or PA_ZERO_RADIUS for an arc
- * with |rad| < tol (tangents left zero, box still computed). Other types
- * only get their box. PA_INVALID for a null e. */
+ * arcs), box included. An arc's tangents are the type's tangent vectors
+ * divided by rad; with rad < 0 they point against the travel and its
+ * angles are the polar angles plus pi, as records.h describes. Returns 0,
+ * PA_ZERO_LENGTH for a line or move of exactly zero length (direction left
+ * zero), or PA_ZERO_RADIUS for an arc with |rad| < tol (tangents left
+ * zero, box still computed). Other types only get their box. PA_INVALID
+ * for a null e. */
 POLYARC_EXTERN uint16_t LiElemExpand(LI_TAB_STRUCT *e);
 
 /* LiElemExpand for a line or move (e is expanded as a line whatever its
@@ -305,9 +318,10 @@ POLYARC_EXTERN uint16_t LiElemExpandDrawVectorized(LI_TAB_STRUCT *e);
 
 /* ---- Element measures and splitting ----------------------------------- */
 
-/* Writes e's box: the tight box of the element (an arc's own extent, a full
- * circle's whole circle) pushed outwards by tol on every side. Types other
- * than arcs are boxed as the segment ap-ep. */
+/* Writes e's box: the tight box of the element (an arc's own extent from
+ * ap to ep on the circle of radius |rad|, a full circle's whole circle,
+ * whatever the sign of rad) pushed outwards by tol on every side. Types
+ * other than arcs are boxed as the segment ap-ep. */
 POLYARC_EXTERN void LiElemBox(LI_TAB_STRUCT *e);
 
 /* The tight box of e without the tolerance margin, in *lo and *hi. */
@@ -319,14 +333,15 @@ POLYARC_EXTERN void LiElemRealBox(const LI_TAB_STRUCT *e, GE_POINT *lo, GE_POINT
  * reversing twice restores an expanded element exactly. */
 POLYARC_EXTERN void LiElemUmdreh(LI_TAB_STRUCT *e);
 
-/* Length of e: ang_ep - ang_ap for non-arcs, the swept angle times rad for
- * arcs, 2 pi rad for an arc whose ends coincide within tol per axis.
- * 0 for a null e. */
+/* Length of e: ang_ep - ang_ap for non-arcs, the swept angle times |rad|
+ * for arcs, 2 pi |rad| for a full circle (ends within tol per axis), so an
+ * arc's length is never negative. 0 for a null e. */
 POLYARC_EXTERN double LiElemLen(const LI_TAB_STRUCT *e);
 
 /* The point at fraction u of the way along e: ap for u < 0, ep for u > 1.
- * An arc with equal end angles (a full circle) has sweep 0 and gives ap for
- * every u. (0, 0) for a null e. */
+ * An arc with equal end angles (a full circle) deliberately has sweep 0 and
+ * gives ap for every u: split a full circle to get points on it. (0, 0)
+ * for a null e. */
 POLYARC_EXTERN GE_POINT LiElemPt(const LI_TAB_STRUCT *e, double u);
 
 /* Sum of LiElemLen over the contour; 0 for a null contour. */
@@ -354,20 +369,21 @@ POLYARC_EXTERN uint16_t LiElemSplit(LI_HEAD *head, LI_TAB_STRUCT *e, LI_TAB_STRU
 POLYARC_EXTERN uint16_t LiElemTeilen(LI_HEAD *head, LI_TAB_STRUCT *e, LI_TAB_STRUCT **out,
                                      const GE_POINT *p);
 
-/* Moves an arc's centre so that both ends lie at distance rad from it: to
- * the crossing of the circles of radius rad about ap and ep nearer the old
- * centre (the first on a tie), or, when ap and ep are more than 2 rad
- * apart, to the chord's middle with rad half the chord. Nothing changes
- * when |rad| <= tol, ap and ep coincide within tol per axis, or both ends
- * are already within tol of the circle. Derived fields are not recomputed
- * (call LiElemExpand). Returns 0, the status of GeIseCirCir, or PA_INVALID
- * for a null e or one that is not an arc (type 3 or 4). */
+/* Moves an arc's centre so that both ends lie at distance |rad| from it: to
+ * the crossing of the circles of radius |rad| about ap and ep nearer the
+ * old centre (the first on a tie), or, when ap and ep are more than 2 |rad|
+ * apart, to the chord's middle with |rad| half the chord. A negative rad
+ * keeps its sign. Nothing changes when |rad| <= tol, ap and ep coincide
+ * within tol per axis (a full circle), or both ends are already within tol
+ * of the circle. Derived fields are not recomputed (call LiElemExpand).
+ * Returns 0, the status of GeIseCirCir, or PA_INVALID for a null e or one
+ * that is not an arc (type 3 or 4). */
 POLYARC_EXTERN uint16_t LiRadKorr(LI_TAB_STRUCT *e);
 
 /* 1 when p lies on e: within tol (by distance) of an end; else within tol
  * of the carrier (an arc's circle of radius rad) and, for a line, within
  * tol of its parameter range, for an arc exactly inside its angle range
- * (every angle for equal end angles). 0 otherwise, and for null input. */
+ * (every angle for a full circle). 0 otherwise, and for null input. */
 POLYARC_EXTERN int LiPtOnElem(const LI_TAB_STRUCT *e, const GE_POINT *p);
 
 /* The first element of the contour, in chain order from k, on which p lies
@@ -396,7 +412,9 @@ POLYARC_EXTERN void LiKontChgDir(LI_TAB_STRUCT **kont);
  * under each element's chord (moves count like lines) plus or minus each
  * arc's segment (GeArcArea); an arc whose ends coincide within tol counts
  * as its whole disc, +pi rad^2 counter-clockwise, -pi rad^2 clockwise.
- * 0 for a null contour. An open contour is closed by its chord. */
+ * 0 for a null contour. An open contour is not closed: its elements' terms
+ * are summed with none for the gap, which gives the signed area between
+ * its path and the x-axis rather than the area closed by its chord. */
 POLYARC_EXTERN double LiKontArea(const LI_TAB_STRUCT *k);
 
 /* The union of the elements' stored boxes (tolerance margin included) in
@@ -488,7 +506,8 @@ POLYARC_EXTERN uint16_t LiElemVerl(LI_HEAD *head, LI_TAB_STRUCT **kont, double l
  * within tol of an end, the arc is a full circle, or p's angle is in its
  * range (exactly, bounds included). A line or move carries p within
  * 10 x tol across it and tol along it: p within tol of an end, or strictly
- * between its ends. So a joint point belongs to the earlier element. */
+ * between its ends. So a joint point belongs to the earlier element. A full
+ * circle is an arc whose ends coincide within tol per axis. */
 POLYARC_EXTERN LI_TAB_STRUCT *LiKontFindPt(LI_TAB_STRUCT *k, const GE_POINT *p);
 
 /* As LiKontFindPt, but elements with an end within tol per axis of p are
@@ -548,9 +567,12 @@ POLYARC_EXTERN uint16_t LiKontKontDist(LI_TAB_STRUCT *ka, LI_TAB_STRUCT *kb, GE_
  * unit vector from p to ap or its opposite), a line or move gets ap = p and
  * any other element a new line p -> ap in front of it, which becomes the
  * first element. Otherwise an arc whose circle passes within tol of p gets
- * ap = p, unless p is its end. Returns 0 (also for an empty contour or p at
- * ap), PA_IMPOSSIBLE when p cannot be reached that way, PA_NO_MEMORY, the
- * status of LiElemExpand, or PA_INVALID for a null kont or p. */
+ * ap = p, unless p is its end; a full circle that is the whole contour gets
+ * ep = p as well, so it stays a closed circle starting at p (followed by
+ * other elements, its end stays where they start, as any arc's). Returns 0
+ * (also for an empty contour or p at ap), PA_IMPOSSIBLE when p cannot be
+ * reached that way, PA_NO_MEMORY, the status of LiElemExpand, or
+ * PA_INVALID for a null kont or p. */
 POLYARC_EXTERN uint16_t LiKorrElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POINT *p);
 
 /* Removes tiny elements and re-joins the rest. Contours of fewer than two
@@ -568,7 +590,8 @@ POLYARC_EXTERN uint16_t LiKorrKont(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t 
 /* Removes elements smaller than min and re-joins. Contours of fewer than
  * two elements are left alone. With flatten set, an arc whose length
  * differs from its chord by less than min and whose sagitta
- * (1 - cos(sweep / 2)) rad is below min becomes a line. Then, in one pass,
+ * (1 - cos(sweep / 2)) rad is below min becomes a line, recomputed as one
+ * at once (that status is not reported). Then, in one pass,
  * a line or move whose chord is below min is deleted, and so is any other
  * element with min > rad or a chord below min, never the last one left; an
  * element kept after deletions gets the previous kept element's ep set to
@@ -591,8 +614,11 @@ typedef const LI_TAB_STRUCT *(*LI_CRUNCH_CHOOSE)(const LI_TAB_STRUCT *e, const L
  * element) and e's ep coincides with n's ap within tol per axis. e then
  * takes n's payload when a choose function is set and does not return e,
  * gets n's ep (re-expanded) and keeps mark 1 only when both had it; n goes
- * back to the store. Nothing merges across k. Returns 0 (also for a null
- * k), or PA_INVALID for a null head. */
+ * back to the store. Nothing merges across k. One arc covers at most one
+ * turn, so two arcs whose turns add up to more (by tol or more along the
+ * circle) stay apart: a full circle never merges, arcs that make up one
+ * turn become a full circle. Returns 0 (also for a null k), or PA_INVALID
+ * for a null head. */
 POLYARC_EXTERN uint16_t LiCrunch(LI_HEAD *head, LI_TAB_STRUCT *k);
 
 /* Sets the choose function of every later LiCrunch in the process (null:

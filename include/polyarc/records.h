@@ -99,7 +99,22 @@ typedef struct GE_BOX {
  * radius and ang_ap / ang_ep the polar angles of the ends about mp, in
  * (-pi, pi]. box carries a margin of one tolerance on every side. All
  * fields but type, ap, ep (and mp, rad of arcs) are derived: only
- * LiElemExpand recomputes them. */
+ * LiElemExpand recomputes them.
+ *
+ * An arc whose ap and ep coincide within the tolerance in x and in y is a
+ * full circle: it covers a full turn and every angle is in its range.
+ *
+ * An arc moved past its centre (LiParElem) has rad < 0. Its carrier point
+ * at angle a is mp + rad (cos a, sin a), opposite the polar angle a, so
+ * ang_ap / ang_ep hold the polar angles of the ends plus pi (brought back
+ * into (-pi, pi]), and tan_ap / tan_ep the type's tangents divided by rad,
+ * which point against the travel. The points it covers are those of the
+ * circle of radius |rad| from ap to ep in its type's sense of rotation;
+ * its box holds them and its length is |rad| times its sweep. Expanding,
+ * cutting (LiElemSplit, LiElemTeilen) and LiRadKorr keep rad < 0 and these
+ * angles, so that GePointOn finds every point of the arc on one of its
+ * pieces. LiKorrKont turns such an arc into an ordinary one (rad = |rad|,
+ * re-expanded) when it re-joins it. */
 typedef struct GE_LI_ELEM {
   uint16_t type;
   GE_POINT ap;

@@ -1,6 +1,8 @@
 // Moving a contour's start, removing short elements, merging elements that continue one another.
 #include <cmath>
 #include <numbers>
+#include <tuple>
+#include <vector>
 
 #include "support/support.h"
 
@@ -40,6 +42,29 @@ TEST(KorrElem, AlongTheTangentOrOnTheCircle) {
       [](LI_HEAD *head, Live &live) { return LiKorrElem(head, &live[0], &kBelow); });
 }
 
+// A circle of radius 5 moved to start at its top: alone it stays a closed
+// full circle; followed by a line it ends where the line starts, three
+// quarters counter-clockwise or one clockwise.
+TEST(KorrElem, AFullCircleAloneStaysClosed) {
+  Store store;
+  for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
+    for (const uint16_t dir : {1, 2}) {
+      SCOPED_TRACE(testing::Message() << "dir " << dir << " about " << c);
+      const GE_POINT top{c.x, c.y + 5}, east{c.x + 5, c.y};
+      LI_TAB_STRUCT circle{};
+      ASSERT_EQ(LiCreateCircle(&c, 5, dir, &circle), PA_OK);
+      LI_TAB_STRUCT *alone = Contour(store.get(), {circle});
+      LI_TAB_STRUCT *tailed = Contour(store.get(), {circle, Line(east, {c.x + 9, c.y})});
+      ASSERT_EQ(LiKorrElem(store.get(), &alone, &top), PA_OK);
+      EXPECT_TRUE(alone->ap == top && alone->ep == top && LiTestClosed(alone) == 1);
+      EXPECT_DOUBLE_EQ(LiElemLen(alone), 10 * std::numbers::pi);
+      ASSERT_EQ(LiKorrElem(store.get(), &tailed, &top), PA_OK);
+      EXPECT_TRUE(tailed->ap == top && tailed->ep == east);
+      EXPECT_DOUBLE_EQ(LiElemLen(tailed), (dir == 2 ? 2.5 : 7.5) * std::numbers::pi);
+    }
+  }
+}
+
 TEST(KorrKontAndRemShort, DeleteShortElementsAndRejoin) {
   ToleranceScope tol(0.25);  // 10 x tol = 2.5
   Store store;
@@ -60,11 +85,24 @@ TEST(KorrKontAndRemShort, DeleteShortElementsAndRejoin) {
       Contour(store.get(), {Arc(a, b, {0, 0}, LI_ARC_CCW), Arc(b, c, {b.x - 10, b.y}, LI_ARC_CCW)});
   EXPECT_EQ(LiRemShort(store.get(), &arcs, 0, 0.01, 1), PA_OK);
   EXPECT_TRUE(arcs->type == LI_LINE && arcs->next->type == LI_ARC_CCW);
+  // A flattened arc is a line in every field, also where the joints are not
+  // recomputed: at the end of an open contour, or alone.
+  const LI_TAB_STRUCT flat = Arc(b, a, {0, 0}, LI_ARC_CW), chord = Line(b, a);
+  LI_TAB_STRUCT *last = Contour(store.get(), {Line({b.x, 5}, b), flat});
+  LI_TAB_STRUCT *alone = Contour(store.get(), {flat, Line(a, {a.x, a.y - 1e-3})});
+  for (LI_TAB_STRUCT **k : {&last, &alone}) {
+    EXPECT_EQ(LiRemShort(store.get(), k, 0, 0.01, 1), PA_OK);
+    const LI_TAB_STRUCT *e = (*k)->prev;
+    EXPECT_TRUE(e->type == LI_LINE && e->mp == chord.mp && e->rad == chord.rad);
+    EXPECT_TRUE(e->tan_ap == chord.tan_ap && e->ang_ap == chord.ang_ap);
+    EXPECT_EQ(LiElemLen(e), LiElemLen(&chord));
+  }
+  EXPECT_EQ(LiCountElem(alone), 1u);
   // A zero-length line and an arc of radius tol / 2; min 0 deletes nothing.
   const LI_TAB_STRUCT tiny = Arc({0, 0}, {0.25, 0}, {0.125, 0}, LI_ARC_CW);
   LI_TAB_STRUCT *bad = Contour(store.get(), {Line({0, 0}, {0, 0}), tiny, Line({0.25, 0}, {4, 0})});
   EXPECT_EQ(LiRemShort(store.get(), &bad, 0, 0.0, 0), PA_ZERO_LENGTH | PA_ZERO_RADIUS);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {open, square, two, arcs, bad}));
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {open, square, two, arcs, last, alone, bad}));
 }
 
 TEST(Crunch, MergesOnlyWhatContinuesAndThePayloadFollowsTheChooseFunction) {
@@ -93,6 +131,36 @@ TEST(Crunch, MergesOnlyWhatContinuesAndThePayloadFollowsTheChooseFunction) {
     EXPECT_EQ(k->mark, 1 - chosen);
   }
   EXPECT_EQ(LiKontSetChooseForCrunchCB(nullptr), second);
+}
+
+// One element covers at most one turn of its circle: a full circle and a
+// quarter after it stay two (2 pi + pi / 2 long), two halves make a full
+// circle, two three-quarter arcs stay apart.
+TEST(Crunch, NoMergedArcCoversMoreThanOneTurn) {
+  Store store;
+  const double pi = std::numbers::pi;
+  for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
+    for (const uint16_t type : {LI_ARC_CCW, LI_ARC_CW}) {
+      SCOPED_TRACE(testing::Message() << "type " << type << " about " << c);
+      const double turn = type == LI_ARC_CCW ? 1 : -1;
+      const auto at = [&](double a) {
+        return GE_POINT{c.x + std::cos(turn * a), c.y + std::sin(turn * a)};
+      };
+      const auto arc = [&](double from, double to) { return Arc(at(from), at(to), c, type); };
+      using Row = std::tuple<std::vector<LI_TAB_STRUCT>, uint32_t, double>;
+      for (const auto &[arcs, count, length] :
+           {Row{{arc(0, 0), arc(0, pi / 2)}, 2, 2.5 * pi}, Row{{arc(0, pi), arc(pi, 0)}, 1, 2 * pi},
+            Row{{arc(0, 2 * pi / 3), arc(2 * pi / 3, 4 * pi / 3), arc(4 * pi / 3, 0)}, 1, 2 * pi},
+            Row{{arc(0, 1.5 * pi), arc(1.5 * pi, pi)}, 2, 3 * pi}}) {
+        LI_TAB_STRUCT *k = nullptr;
+        for (const LI_TAB_STRUCT &e : arcs) ASSERT_EQ(LiInsertElem2(store.get(), &k, &e), PA_OK);
+        EXPECT_EQ(LiCrunch(store.get(), k), PA_OK);
+        EXPECT_EQ(LiCountElem(k), count);
+        EXPECT_NEAR(LiKontLen(k), length, 1e-12);
+        LiRemove(store.get(), &k);
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -72,6 +72,19 @@ TEST(ElementDistance, DirectPairOrEndPointsWithTheEarlierCandidateOnTies) {
       {GeArcArcDist, right, away, s29 - 1, {5 / s29, -2 / s29}, {5, -2}},
       {GeArcArcDist, right, Arc({0.5, 0}, {-0.5, 0}, o, LI_ARC_CCW), 0.5, {0, 1}, {0, 0.5}},
       {GeArcArcDist, right, overlap, s13 - 1, {0, -1}, {1.5 - 1.5 / s13, -1 / s13}},
+      // Full circles hold every angle, so the direct pair counts on them.
+      {GeArcArcDist,
+       Arc({1, 0}, {1, 0}, o, LI_ARC_CCW),
+       Arc({6, 0}, {6, 0}, m, LI_ARC_CW),
+       3,
+       {1, 0},
+       {4, 0}},
+      {GeDrawArcDist,
+       Line({0, 0}, {6, 0}),
+       Arc({4, -2}, {4, -2}, {3, -2}, LI_ARC_CW),
+       1,
+       {3, 0},
+       {3, -1}},
   };
   const auto par_of = [](const LI_TAB_STRUCT &e, GE_POINT p) {
     if (e.type == LI_LINE) return p.x * e.tan_ap.x + p.y * e.tan_ap.y;

@@ -217,7 +217,10 @@ TEST(TouchingAndParallel, TangentBandsCurvaturesCollinearConcentricAndTheFixedCo
 
 TEST(IdentElem, CommonStretchOfLinesClippedOfArcsNot) {
   const LI_TAB_STRUCT a = Line({0, 0}, {4, 0}), upper = Arc({1, 0}, {-1, 0}, kO, LI_ARC_CCW);
-  const GE_POINT z{0, 0}, lower_right{std::sqrt(0.5), -std::sqrt(0.5)};
+  const GE_POINT z{0, 0}, lower_right{std::sqrt(0.5), -std::sqrt(0.5)}, c{3, -2};
+  const LI_TAB_STRUCT circle = Arc({4, -2}, {4, -2}, c, LI_ARC_CCW),
+                      cw_circle = Arc({4, -2}, {4, -2}, c, LI_ARC_CW),
+                      quarter = Arc({3, -1}, {2, -2}, c, LI_ARC_CCW);
   // {element 1, element 2, code, direction flag, point 1, point 2}
   const std::tuple<LI_TAB_STRUCT, LI_TAB_STRUCT, uint16_t, uint32_t, GE_POINT, GE_POINT> cases[] = {
       {a, Line({2, 0}, {6, 0}), 3, 0, {2, 0}, {4, 0}},
@@ -229,6 +232,10 @@ TEST(IdentElem, CommonStretchOfLinesClippedOfArcsNot) {
       {upper, Arc({0, -1}, lower_right, kO, LI_ARC_CCW), 2, 0, z, z},
       {upper, Arc({2, 0}, {-2, 0}, kO, LI_ARC_CW), 1, 1, z, z},  // the sense even so
       {upper, a, 1, 0, z, z},
+      // A full circle holds every angle; as the second element it covers a full turn.
+      {circle, quarter, 3, 0, {3, -1}, {2, -2}},
+      {quarter, circle, 3, 0, {4, -2}, {4, -2}},
+      {cw_circle, quarter, 3, 1, {2, -2}, {3, -1}},
   };
   for (const auto &[e1, e2, code, opposite, p1, p2] : cases) {
     uint16_t got = 0;
