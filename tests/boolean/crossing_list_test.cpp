@@ -230,11 +230,17 @@ TEST(NewCross, ListFullBeyondTheCapacityLimit) {
   Store store;
   LI_TAB_STRUCT *b = Polyline(store.get(), {{0, -1}, {0, 1}});
   const LI_TAB_STRUCT a = Line({0, 0}, {1e5, 0});
+  // A list one step below the limit, as a caller may hand it in: 2046
+  // steps of 16 entries, all used.
   CrossList c;
-  uint16_t capacity = 0;
+  uint16_t capacity = 32736;
+  ASSERT_EQ(MemAllocBlock(reinterpret_cast<void **>(&c.list), capacity, sizeof(GE_CROSS), 1, 0),
+            PA_OK);
+  for (int i = 0; i < capacity; ++i) c.list[i].pt = {double(i), 0};
+  c.last = int16_t(capacity - 1);
   uint16_t st = PA_OK;
   int entered = 0;
-  for (int i = 0; st == PA_OK; ++i) {
+  for (int i = capacity; st == PA_OK; ++i) {
     const IsectPoint p{double(i), 0, double(i), 0, GE_INSIDE, GE_INSIDE};
     // Each as the first entry of its own element of A: no scan.
     st = FlNewCross(&c.list, &capacity, &c.last, c.last + 1, &p, const_cast<LI_TAB_STRUCT *>(&a),
@@ -242,8 +248,8 @@ TEST(NewCross, ListFullBeyondTheCapacityLimit) {
     if (st == PA_OK) ++entered;
   }
   EXPECT_EQ(st, PA_LIST_FULL);
-  // 2047 steps of 16 fit below 32767; the 2048th would pass it.
-  EXPECT_EQ(entered, 32752);
+  // The 2047th step fits below 32767; the 2048th would pass it.
+  EXPECT_EQ(entered, 16);
   EXPECT_EQ(c.last, 32751);
   EXPECT_EQ(capacity, 32752);
   EXPECT_EQ(c[32751].pt.x, 32751.0);

@@ -140,6 +140,7 @@ uint16_t Neighbours(Building &b, LI_TAB_STRUCT *a, int n, double tol) {
 
 uint16_t AllPairs(Building &b, LI_TAB_STRUCT *a, LI_TAB_STRUCT *other, int n) {
   const double tol = GeEpsiGetTol();
+  const std::vector<LI_TAB_STRUCT *> others = Elements(other);
   for (LI_TAB_STRUCT *ea : Elements(a)) {
     if (ea->type == LI_MOVE) continue;
     if (n > 0) {
@@ -147,7 +148,7 @@ uint16_t AllPairs(Building &b, LI_TAB_STRUCT *a, LI_TAB_STRUCT *other, int n) {
       continue;
     }
     const int16_t first = static_cast<int16_t>(*b.last + 1);
-    for (LI_TAB_STRUCT *eb : Elements(other)) {
+    for (LI_TAB_STRUCT *eb : others) {
       if (const uint16_t st = Pair(b, first, ea, eb, tol)) return st;
     }
   }
