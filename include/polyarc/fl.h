@@ -44,7 +44,13 @@
  * FL_CROSS_STEP) would be needed; PA_NO_MEMORY when the list or the search
  * cannot get memory; PA_INVALID for a null list or last. On failure the
  * list keeps the entries made so far. A null a gives 0 and an empty list.
- * The contours are not changed. */
+ * The contours are not changed. The pairs come from a spatial index over
+ * b's element boxes, in b's chain order for each element of a, so the
+ * list is that of comparing every pair in time about n log n plus the
+ * pairs whose boxes meet; entering a crossing scans the entries of its
+ * element of a unless it lies beyond all of them, so many crossings on
+ * one element cost their number squared when they come against its
+ * direction. */
 POLYARC_EXTERN uint16_t FlCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **list,
                                     int16_t *last);
 
@@ -99,7 +105,9 @@ POLYARC_EXTERN uint16_t FlSeekPt(LI_TAB_STRUCT *start, const GE_POINT *p, LI_TAB
  * status of FlSeekPt (PA_IMPOSSIBLE) or of LiElemTeilen (PA_NO_RECORD, or
  * PA_ZERO_RADIUS after cutting an arc of radius below tol), stopping at
  * the first failure with the entries before it cut; PA_INVALID for null
- * arguments. */
+ * arguments. FlSeekPt walks back over the pieces already cut from an
+ * element, so the cuts of one element cost their number squared when its
+ * crossings come in the list against its direction. */
 POLYARC_EXTERN uint16_t FlSplitCross(LI_HEAD *head, GE_CROSS *list, int16_t last, uint32_t *flags,
                                      LI_TAB_STRUCT **a, LI_TAB_STRUCT **b);
 
