@@ -87,8 +87,7 @@ uint16_t CrossAll(LI_TAB_STRUCT *a, const NumberedChain &b, CrossListRef ref) {
     if (ea->type != LI_MOVE) {
       const int16_t first = static_cast<int16_t>(ref.last + 1);
       b.Candidates(WidenedBox(ea->box, tol), candidates);
-      if (const uint16_t st = CrossWith(ea, b, candidates, first, ref, tol); st != PA_OK)
-        return st;
+      if (const uint16_t st = CrossWith(ea, b, candidates, first, ref, tol); st != PA_OK) return st;
     }
     ea = ea->next;
   } while (ea != a);
@@ -212,8 +211,7 @@ extern "C" uint16_t FlCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **l
   }
 }
 
-extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t *last,
-                                      int16_t n) {
+extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t *last, int16_t n) {
   if (list == nullptr || last == nullptr) return PA_INVALID;
   *last = FL_EMPTY;
   if (k == nullptr) return PA_OK;
@@ -221,8 +219,7 @@ extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t
   const CrossListRef ref{*list, capacity, *last};
   try {
     const NumberedChain chain(k);
-    return n > 0 ? CrossNeighbours(chain, static_cast<uint32_t>(n), ref)
-                 : CrossAll(k, chain, ref);
+    return n > 0 ? CrossNeighbours(chain, static_cast<uint32_t>(n), ref) : CrossAll(k, chain, ref);
   } catch (const std::bad_alloc &) {
     return PA_NO_MEMORY;
   }

@@ -76,7 +76,8 @@ TEST(CrossSearch, SelfListsMatchTheAllPairsLoop) {
       points = seed % 2 ? s.Star(n, {0, 0}, 0.2, 2, true) : s.GridWalk(n, 5);
     }
     LI_TAB_STRUCT *k = Chain(store.get(), s.Edges(points, 0.3, 0.05, seed % 3 ? 0.0 : 0.1));
-    for (const int16_t w : widths) EXPECT_TRUE(SameAsAllPairs(k, w)) << "seed " << seed << " n " << w;
+    for (const int16_t w : widths)
+      EXPECT_TRUE(SameAsAllPairs(k, w)) << "seed " << seed << " n " << w;
   }
 }
 

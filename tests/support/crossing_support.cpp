@@ -44,15 +44,15 @@ std::vector<GE_POINT> Shapes::GridWalk(int n, int side) {
     if (next == last) continue;
     const int pieces = Int(1, 3);
     for (int k = 1; k <= pieces; ++k) {
-      p.push_back({last.x + (next.x - last.x) * k / pieces,
-                   last.y + (next.y - last.y) * k / pieces});
+      p.push_back(
+          {last.x + (next.x - last.x) * k / pieces, last.y + (next.y - last.y) * k / pieces});
     }
   }
   return p;
 }
 
-std::vector<LI_TAB_STRUCT> Shapes::Edges(const std::vector<GE_POINT> &p, double arcs,
-                                         double moves, double gaps) {
+std::vector<LI_TAB_STRUCT> Shapes::Edges(const std::vector<GE_POINT> &p, double arcs, double moves,
+                                         double gaps) {
   std::vector<LI_TAB_STRUCT> e;
   for (size_t i = 0; i < p.size(); ++i) {
     GE_POINT from = p[i];
