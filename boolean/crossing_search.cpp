@@ -11,12 +11,14 @@
 #include "boolean/crossing_list.h"
 #include "geom/predicates.h"
 #include "polyarc/fl.h"
+#include "polyarc/li.h"
 
 namespace polyarc {
 namespace {
 
 BlockVector<LI_TAB_STRUCT *> Number(LI_TAB_STRUCT *k) {
   BlockVector<LI_TAB_STRUCT *> all;
+  all.reserve(LiCountElem(k));
   LI_TAB_STRUCT *e = k;
   do {
     all.push_back(e);
@@ -27,6 +29,7 @@ BlockVector<LI_TAB_STRUCT *> Number(LI_TAB_STRUCT *k) {
 
 BlockVector<uint32_t> NonMoves(const BlockVector<LI_TAB_STRUCT *> &all) {
   BlockVector<uint32_t> out;
+  out.reserve(all.size());
   for (uint32_t i = 0; i < all.size(); ++i)
     if (all[i]->type != LI_MOVE) out.push_back(i);
   return out;
