@@ -1,0 +1,56 @@
+// The last repair of a raw offset: tiny elements go and the joints are
+// closed again (LiKorrKont), with long arcs whose ends nearly meet kept.
+#include "offset/repair.h"
+
+#include <cmath>
+
+#include "geom/predicates.h"
+#include "polyarc/li.h"
+
+namespace polyarc {
+namespace {
+
+// The repair's own threshold: elements whose chord is below it go.
+double RepairLimit() { return 10.0 * Tol(); }
+
+bool NearlyClosedArc(const LI_TAB_STRUCT &e, double limit) {
+  return IsArc(e) && Dist(e.ap, e.ep) < limit && TravelSweep(e) * std::fabs(e.rad) >= limit;
+}
+
+// Cuts arc e at its middle; the second half follows it. The middle is
+// taken on the arc's circle whatever the sign of its radius (an arc offset
+// past its centre keeps its end angles).
+uint16_t Halve(LI_HEAD *head, LI_TAB_STRUCT *e) {
+  LI_TAB_STRUCT *half = LiNewNoInit(head);
+  if (half == nullptr) return PA_NO_MEMORY;
+  *half = *e;
+  const double sense = e->type == LI_ARC_CW ? -1.0 : 1.0;
+  const double middle = e->ang_ap + sense * 0.5 * TravelSweep(*e);
+  const GE_POINT m = Polar(e->mp, std::fabs(e->rad), middle);
+  e->ep = m;
+  half->ap = m;
+  half->next = half->prev = half;
+  LiChain(e, half);
+  LiElemExpand(e);
+  LiElemExpand(half);
+  return PA_OK;
+}
+
+}  // namespace
+
+uint16_t RepairOffset(LI_HEAD *head, LI_TAB_STRUCT **k, bool closed) {
+  if (*k != nullptr && (*k)->next != *k) {
+    const double limit = RepairLimit();
+    LI_TAB_STRUCT *e = *k;
+    do {
+      LI_TAB_STRUCT *next = e->next;
+      if (NearlyClosedArc(*e, limit)) {
+        if (const uint16_t status = Halve(head, e); status != PA_OK) return status;
+      }
+      e = next;
+    } while (e != *k);
+  }
+  return LiKorrKont(head, k, closed ? 1 : 0);
+}
+
+}  // namespace polyarc
