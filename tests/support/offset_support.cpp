@@ -130,6 +130,17 @@ int Winding(LI_TAB_STRUCT *k, GE_POINT q) {
   return w;
 }
 
+testing::AssertionResult VerticesNear(LI_TAB_STRUCT *k, const Points &want, double eps) {
+  const Points got = Vertices(k);
+  bool same = got.size() == want.size();
+  for (size_t i = 0; same && i < got.size(); ++i)
+    same = std::fabs(got[i].x - want[i].x) <= eps && std::fabs(got[i].y - want[i].y) <= eps;
+  if (same) return testing::AssertionSuccess();
+  testing::AssertionResult r = testing::AssertionFailure() << "vertices";
+  for (GE_POINT p : got) r << ' ' << p;
+  return r;
+}
+
 TypeCount CountTypes(LI_TAB_STRUCT *k) {
   TypeCount c;
   for (LI_TAB_STRUCT *e : Elements(k)) {

@@ -35,6 +35,9 @@ bool CrossesItself(LI_TAB_STRUCT *k);
 // counter-clockwise one).
 int Winding(LI_TAB_STRUCT *k, GE_POINT p);
 
+// Vertices(k) equals want within eps in each coordinate.
+testing::AssertionResult VerticesNear(LI_TAB_STRUCT *k, const Points &want, double eps = 1e-12);
+
 // Counts the elements of each type: lines, moves, arcs.
 struct TypeCount {
   int lines = 0;
