@@ -18,14 +18,16 @@ bool NearlyClosedArc(const LI_TAB_STRUCT &e, double limit) {
 }
 
 // Cuts arc e at its middle; the second half follows it. The middle is
-// taken on the arc's circle whatever the sign of its radius (an arc offset
-// past its centre keeps its end angles).
+// found from where the ends really lie on the circle: an arc offset past
+// its centre has a negative radius and may still carry its source's end
+// angles.
 uint16_t Halve(LI_HEAD *head, LI_TAB_STRUCT *e) {
   LI_TAB_STRUCT *half = LiNewNoInit(head);
   if (half == nullptr) return PA_NO_MEMORY;
   *half = *e;
+  const double from = Angle(e->ap - e->mp), to = Angle(e->ep - e->mp);
   const double sense = e->type == LI_ARC_CW ? -1.0 : 1.0;
-  const double middle = e->ang_ap + sense * 0.5 * TravelSweep(*e);
+  const double middle = from + sense * 0.5 * SweepInSense(e->type, from, to);
   const GE_POINT m = Polar(e->mp, std::fabs(e->rad), middle);
   e->ep = m;
   half->ap = m;

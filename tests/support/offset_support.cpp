@@ -13,10 +13,16 @@ constexpr double kPi = 3.141592653589793;
 
 bool Coincide(GE_POINT a, GE_POINT b) { return std::hypot(a.x - b.x, a.y - b.y) < 1e-12; }
 
-// The angle an arc sweeps in its sense of travel; 2 pi for a full circle.
+// Where an arc's ends really lie on its circle (an arc offset past its
+// centre may carry its source's end angles with a negative radius), and
+// the angle it sweeps from there in its sense of travel; 2 pi for a full
+// circle.
+double StartAngle(const LI_TAB_STRUCT &e) { return std::atan2(e.ap.y - e.mp.y, e.ap.x - e.mp.x); }
+
 double Sweep(const LI_TAB_STRUCT &e) {
   if (Coincide(e.ap, e.ep)) return 2 * kPi;
-  double s = e.type == LI_ARC_CW ? e.ang_ap - e.ang_ep : e.ang_ep - e.ang_ap;
+  const double a = StartAngle(e), b = std::atan2(e.ep.y - e.mp.y, e.ep.x - e.mp.x);
+  double s = e.type == LI_ARC_CW ? a - b : b - a;
   if (s < 0) s += 2 * kPi;
   return s;
 }
@@ -35,7 +41,7 @@ double ArcDistance(GE_POINT p, const LI_TAB_STRUCT &e) {
   const double to_ends = std::min(std::hypot(p.x - e.ap.x, p.y - e.ap.y),
                                   std::hypot(p.x - e.ep.x, p.y - e.ep.y));
   const double a = std::atan2(p.y - e.mp.y, p.x - e.mp.x);
-  double from_start = e.type == LI_ARC_CW ? e.ang_ap - a : a - e.ang_ap;
+  double from_start = e.type == LI_ARC_CW ? StartAngle(e) - a : a - StartAngle(e);
   while (from_start < 0) from_start += 2 * kPi;
   while (from_start >= 2 * kPi) from_start -= 2 * kPi;
   if (from_start > Sweep(e)) return to_ends;
@@ -71,7 +77,7 @@ Points Samples(const LI_TAB_STRUCT &e, double step) {
   const double sense = e.type == LI_ARC_CW ? -1.0 : 1.0;
   const int n = std::max(1, static_cast<int>(std::ceil(sweep * r / step)));
   for (int i = 0; i <= n; ++i) {
-    const double a = e.ang_ap + sense * sweep * i / n;
+    const double a = StartAngle(e) + sense * sweep * i / n;
     out.push_back({e.mp.x + r * std::cos(a), e.mp.y + r * std::sin(a)});
   }
   return out;
