@@ -83,10 +83,7 @@ uint16_t ConicOffset(const Conic &c, bool closed, uint16_t mode) {
   LI_TAB_STRUCT last{};
   uint16_t status = OffsetAndJoin(c, last);
   if (status == PA_OK) status = Finish(c, last, closed);
-  if (status == PA_OK && mode != FL_CORNER_GAP) status = RepairOffset(c.head, c.out, closed);
-  if (status == PA_OK && *c.out == nullptr) status = PA_INVALID;
-  if (status != PA_OK) LiRemove(c.head, c.out);
-  return status;
+  return FinishOffset(c.head, c.out, status, closed, mode);
 }
 
 }  // namespace

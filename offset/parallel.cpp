@@ -84,13 +84,8 @@ uint16_t Parallel(Offset o, uint16_t mode) {
     o.side = static_cast<int16_t>(-o.side);
   }
   const bool copy = o.side == 0 || o.distance < Tol();
-  uint16_t status = copy ? LiCopy(o.head, o.source, o.out) : OffsetAndJoin(o);
-  if (status == PA_OK && *o.out != nullptr && mode != FL_CORNER_GAP)
-    status = RepairOffset(o.head, o.out, o.closed);
-  // The repair may delete every element of a result made only of tiny ones.
-  if (status == PA_OK && *o.out == nullptr) status = PA_INVALID;
-  if (status != PA_OK) LiRemove(o.head, o.out);
-  return status;
+  const uint16_t status = copy ? LiCopy(o.head, o.source, o.out) : OffsetAndJoin(o);
+  return FinishOffset(o.head, o.out, status, o.closed, mode);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "geom/predicates.h"
+#include "polyarc/fl.h"
 #include "polyarc/li.h"
 
 namespace polyarc {
@@ -38,8 +39,6 @@ uint16_t Halve(LI_HEAD *head, LI_TAB_STRUCT *e) {
   return PA_OK;
 }
 
-}  // namespace
-
 uint16_t RepairOffset(LI_HEAD *head, LI_TAB_STRUCT **k, bool closed) {
   if (*k != nullptr && (*k)->next != *k) {
     const double limit = RepairLimit();
@@ -53,6 +52,17 @@ uint16_t RepairOffset(LI_HEAD *head, LI_TAB_STRUCT **k, bool closed) {
     } while (e != *k);
   }
   return LiKorrKont(head, k, closed ? 1 : 0);
+}
+
+}  // namespace
+
+uint16_t FinishOffset(LI_HEAD *head, LI_TAB_STRUCT **out, uint16_t status, bool closed,
+                      uint16_t mode) {
+  if (status == PA_OK && *out != nullptr && mode != FL_CORNER_GAP)
+    status = RepairOffset(head, out, closed);
+  if (status == PA_OK && *out == nullptr) status = PA_INVALID;
+  if (status != PA_OK) LiRemove(head, out);
+  return status;
 }
 
 }  // namespace polyarc

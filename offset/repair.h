@@ -6,11 +6,13 @@
 
 namespace polyarc {
 
-// LiKorrKont on the offset, after cutting every arc that nearly closes on
-// itself (its ends closer than the repair's 10 x tol, its sweep long) in
-// two at its middle: the repair judges elements by their chord and would
-// otherwise delete a whole circle's worth of arc. Returns PA_NO_MEMORY
-// when no record is left for a cut, else LiKorrKont's status.
-uint16_t RepairOffset(LI_HEAD *head, LI_TAB_STRUCT **k, bool closed);
+// The last step of an offset that made *out with `status`: the repair
+// (not in the gap corner mode: LiKorrKont, which removes tiny elements and
+// closes the joints, after every arc that nearly closes on itself was cut
+// in two at its middle, since LiKorrKont judges elements by their chord
+// and would delete a whole circle's worth of arc), PA_INVALID for an empty result (also one
+// that the repair emptied), and on any failure the result released.
+uint16_t FinishOffset(LI_HEAD *head, LI_TAB_STRUCT **out, uint16_t status, bool closed,
+                      uint16_t mode);
 
 }  // namespace polyarc
