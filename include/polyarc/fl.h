@@ -27,52 +27,90 @@
 /* ---- Crossing lists --------------------------------------------------- */
 
 /* Builds the crossing list of contours a and b (of a with itself when b is
- * null): every crossing of an element of a with an element of b (moves
- * never take part) that lies on both, in the order of a's elements and,
- * on one element, in its direction of travel. *list should be null on
- * entry; *last receives the last index (FL_EMPTY when none). For two
- * contours a crossing at a's closing joint is entered once. Returns 0,
- * PA_LIST_FULL beyond FL_CROSS_MAX entries, or PA_NO_MEMORY (the list
- * keeps the entries made so far). */
+ * null or a): every point where an element of a meets an element of b and
+ * that lies on both (position codes GE_AT_START .. GE_INSIDE), found by
+ * GeCross for each pair whose boxes overlap, a's box widened by 10 x tol
+ * (touching boxes overlap). Moves never take part. Entries follow a's
+ * elements in chain order from a and, on one element, its direction of
+ * travel; entries at one point are adjacent. Two consecutive elements
+ * meeting at their own joint, and the same point reached again through
+ * a neighbouring element of b, are left out. For two contours a crossing
+ * at a's closing joint is found at a's last and first element and the
+ * repeat at the end of the list is dropped; a self list keeps both.
+ * *list must be null (or a block of the memory service, which is reused);
+ * the caller owns it afterwards, whatever the status, and frees it with
+ * FlFreeCross. *last receives the last index (FL_EMPTY when none).
+ * Returns 0; PA_LIST_FULL when more than 32752 entries (2047 steps of
+ * FL_CROSS_STEP) would be needed; PA_NO_MEMORY when the list or the search
+ * cannot get memory; PA_INVALID for a null list or last. On failure the
+ * list keeps the entries made so far. A null a gives 0 and an empty list.
+ * The contours are not changed. */
 POLYARC_EXTERN uint16_t FlCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **list,
                                     int16_t *last);
 
-/* The self-crossings of one contour; with n > 0 each element is crossed
- * only with the n elements before and after it, and a gap in the contour
- * ends that neighbourhood. n = 0 crosses every pair. Statuses as for
- * FlCrossList. */
+/* The self-crossings of contour k, as FlCrossList(k, null) when n <= 0.
+ * With n > 0 each element a is crossed with a window of the chain: it
+ * starts up to n elements before a (walking back only over joined
+ * elements) and holds up to 2n + 1 elements, ending after the first
+ * element that a gap follows. On a contour shorter than the window an
+ * element is met more than once. Statuses and ownership as for
+ * FlCrossList; a null k gives 0 and an empty list. */
 POLYARC_EXTERN uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t *last,
                                           int16_t n);
 
-/* Enters the crossing pt of elem_a and elem_b in the list in order along
- * elem_a, scanning from index first (the first entry of elem_a). Joints of
- * two consecutive elements and duplicates at the same point are left out
- * (result 0). *capacity is the list's capacity in entries. Returns 0,
- * PA_LIST_FULL, or the status of the memory service. */
+/* Enters the crossing pt of elem_a and elem_b (as GeCross delivers it,
+ * with elem_a first) in the list *list of *capacity entries, whose last
+ * index is *last. It goes before the first entry from index first on
+ * (the first entry of elem_a) that lies at the same point (within tol per
+ * axis) or farther along elem_a by more than tol (on an arc measured in
+ * its sense of travel from its start angle). Left out (result 0): the
+ * joint of two consecutive elements of one contour (elem_a after elem_b
+ * with pt at elem_a's start and elem_b's end, or the reverse); a point
+ * equal to the entry before it whose elem_b is elem_b or its neighbour;
+ * a point equal to the entry at its place whose elem_b is a neighbour of
+ * elem_b (not elem_b itself: the two checks differ on purpose). The list
+ * grows by FL_CROSS_STEP entries through the memory service. Returns 0,
+ * PA_LIST_FULL past FL_CROSS_MAX, the memory service's status, or
+ * PA_INVALID for null arguments; on failure nothing changes. */
 POLYARC_EXTERN uint16_t FlNewCross(GE_CROSS **list, uint16_t *capacity, int16_t *last,
                                    int16_t first, const IsectPoint *pt, LI_TAB_STRUCT *elem_a,
                                    LI_TAB_STRUCT *elem_b);
 
 /* Finds the element that carries p, walking backwards from start through
- * prev; a point at a joint belongs to the element that ends there.
- * Returns 0 with *out, or PA_IMPOSSIBLE when start is null or no element
- * carries p (*out is then start). */
+ * prev (start first) once round the chain: a line within 10 x tol across
+ * its carrier and within its ends (tol beyond them only at the end
+ * points), an arc within tol of its circle and in its angle range (every
+ * angle when its ends coincide or its end angles are equal). A point at
+ * the found element's start belongs to its predecessor when that carries
+ * it too. Returns 0 with *out, or PA_IMPOSSIBLE when start is null or no
+ * element carries p (*out is then start). */
 POLYARC_EXTERN uint16_t FlSeekPt(LI_TAB_STRUCT *start, const GE_POINT *p, LI_TAB_STRUCT **out);
 
-/* Cuts both contours at every crossing of the list, so that each crossing
- * lies at an element joint: elem_a / elem_b become the elements that end
- * there and next_a / next_b those that start there. *a and *b (the
- * contours' first elements) follow when a first element is cut. *flags
- * receives bit 1 when a was cut, bit 2 when b was. Returns 0, or the
- * first status of FlSeekPt or LiElemTeilen (entries before it are cut). */
+/* Cuts both contours at every crossing of a list from FlCrossList or
+ * FlCrossListSingle, with LiElemTeilen on the piece FlSeekPt finds from
+ * elem_a (elem_b), so that each crossing lies at a joint: elem_a / elem_b
+ * become the elements that end at pt, and next_a / next_b their
+ * successors. An entry at an element's start is first moved to its
+ * predecessor. A real cut sets loc_a (loc_b) to GE_AT_END and bit 1 (bit
+ * 2) of *flags, which is cleared first. *a and *b hold the contours'
+ * first elements and follow when a first element is cut; b may be null
+ * for a self list whose first element is tracked through a alone. New
+ * records come from head and belong to the contours. Returns 0, the
+ * status of FlSeekPt (PA_IMPOSSIBLE) or of LiElemTeilen (PA_NO_RECORD, or
+ * PA_ZERO_RADIUS after cutting an arc of radius below tol), stopping at
+ * the first failure with the entries before it cut; PA_INVALID for null
+ * arguments. */
 POLYARC_EXTERN uint16_t FlSplitCross(LI_HEAD *head, GE_CROSS *list, int16_t last, uint32_t *flags,
                                      LI_TAB_STRUCT **a, LI_TAB_STRUCT **b);
 
-/* Frees a crossing list and sets *list to null. */
+/* Frees a crossing list and sets *list to null; a null *list only stays
+ * null. */
 POLYARC_EXTERN void FlFreeCross(GE_CROSS **list);
 
-/* Gives every contour of entries 0..last back to the store, frees the
- * contour list and sets *list to null. A null *list only stays null. */
+/* Gives every contour of entries 0..last back to head (LiRemove), frees
+ * the contour list and sets *list to null. A null *list only stays null;
+ * with a null head the array is freed and its contours are not given
+ * back. */
 POLYARC_EXTERN void FlFreeList(LI_HEAD *head, LI_TAB_STRUCT ***list, int16_t last);
 
 /* ---- Crossing classification ------------------------------------------ */

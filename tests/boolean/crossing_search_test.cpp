@@ -1,0 +1,208 @@
+// The indexed crossing-list builders against the literal all-pairs loop on
+// random seeded contours: the same status and the same entries in the same
+// order, field for field.
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <random>
+
+#include "support/crossing_support.h"
+
+namespace polyarc_test {
+namespace {
+
+const double kTwoPi = 6.283185307179586;
+
+GE_POINT operator+(GE_POINT a, GE_POINT b) { return {a.x + b.x, a.y + b.y}; }
+
+class Shapes {
+ public:
+  explicit Shapes(unsigned seed) : rng_(seed) {}
+
+  double Real(double lo, double hi) { return std::uniform_real_distribution<>(lo, hi)(rng_); }
+  int Int(int lo, int hi) { return std::uniform_int_distribution<>(lo, hi)(rng_); }
+  bool Chance(double p) { return Real(0, 1) < p; }
+
+  // n points round centre c at random radii: a star, or with wild radii
+  // and shuffled angles a contour that crosses itself.
+  std::vector<GE_POINT> Star(int n, GE_POINT c, double r0, double r1, bool shuffled) {
+    std::vector<double> angles;
+    for (int i = 0; i < n; ++i) angles.push_back(kTwoPi * (i + Real(0, 0.5)) / n);
+    if (shuffled) std::shuffle(angles.begin(), angles.end(), rng_);
+    std::vector<GE_POINT> p;
+    for (double t : angles) {
+      const double r = Real(r0, r1);
+      p.push_back({c.x + r * std::cos(t), c.y + r * std::sin(t)});
+    }
+    return p;
+  }
+
+  // A random walk on the integer grid 0..side, each step split into
+  // collinear pieces: shared vertices, overlaps and touches everywhere.
+  std::vector<GE_POINT> GridWalk(int n, int side) {
+    std::vector<GE_POINT> p{{double(Int(0, side)), double(Int(0, side))}};
+    while (int(p.size()) < n) {
+      const GE_POINT last = p.back();
+      const GE_POINT next{double(Int(0, side)), double(Int(0, side))};
+      if (next == last) continue;
+      const int pieces = Int(1, 3);
+      for (int k = 1; k <= pieces; ++k)
+        p.push_back({last.x + (next.x - last.x) * k / pieces, last.y + (next.y - last.y) * k / pieces});
+    }
+    return p;
+  }
+
+  // The closed chain through the points, some edges as arcs, some as
+  // moves, some ends pulled apart into gaps.
+  std::vector<LI_TAB_STRUCT> Edges(const std::vector<GE_POINT> &p, double arcs, double moves,
+                                   double gaps) {
+    std::vector<LI_TAB_STRUCT> e;
+    for (size_t i = 0; i < p.size(); ++i) {
+      GE_POINT from = p[i];
+      const GE_POINT to = p[(i + 1) % p.size()];
+      if (Chance(gaps)) from = from + GE_POINT{Real(-0.1, 0.1), Real(-0.1, 0.1)};
+      if (Chance(moves)) {
+        e.push_back(Move(from, to));
+      } else if (Chance(arcs)) {
+        e.push_back(Bulge(from, to));
+      } else {
+        e.push_back(Line(from, to));
+      }
+    }
+    return e;
+  }
+
+ private:
+  // An arc from p to q whose centre lies on the chord's bisector.
+  LI_TAB_STRUCT Bulge(GE_POINT p, GE_POINT q) {
+    const GE_POINT m{(p.x + q.x) / 2, (p.y + q.y) / 2};
+    const GE_POINT n{-(q.y - p.y), q.x - p.x};
+    const double t = Real(-1.5, 1.5);
+    return Arc(p, q, {m.x + t * n.x, m.y + t * n.y}, Chance(0.5) ? LI_ARC_CW : LI_ARC_CCW);
+  }
+
+  std::mt19937 rng_;
+};
+
+testing::AssertionResult SameAsAllPairs(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b) {
+  CrossList fast, slow;
+  const uint16_t st_fast = FlCrossList(a, b, &fast.list, &fast.last);
+  const uint16_t st_slow = AllPairsCrossList(a, b, &slow.list, &slow.last);
+  if (st_fast != st_slow)
+    return testing::AssertionFailure() << "status " << st_fast << " against " << st_slow;
+  return SameEntries(fast.list, fast.last, slow.list, slow.last);
+}
+
+testing::AssertionResult SameAsAllPairs(LI_TAB_STRUCT *k, int16_t n) {
+  CrossList fast, slow;
+  const uint16_t st_fast = FlCrossListSingle(k, &fast.list, &fast.last, n);
+  const uint16_t st_slow = AllPairsCrossListSingle(k, &slow.list, &slow.last, n);
+  if (st_fast != st_slow)
+    return testing::AssertionFailure() << "status " << st_fast << " against " << st_slow;
+  return SameEntries(fast.list, fast.last, slow.list, slow.last);
+}
+
+// Two contours of one of four kinds: polygons, polygons with arcs, grid
+// walks of collinear pieces, and any of these with moves and gaps.
+std::vector<LI_TAB_STRUCT> RandomContour(Shapes &s, int kind, GE_POINT c) {
+  const int n = s.Chance(0.2) ? s.Int(250, 600) : s.Int(3, 60);
+  switch (kind) {
+    case 0:
+      return s.Edges(s.Star(n, c, 0.5, 1.5, false), 0, 0, 0);
+    case 1:
+      return s.Edges(s.Star(n, c, 0.5, 1.5, false), 0.5, 0, 0);
+    case 2:
+      return s.Edges(s.GridWalk(std::min(n, 80), 4), 0.1, 0, 0);
+    default:
+      return s.Edges(s.Star(n, c, 0.2, 2, s.Chance(0.5)), 0.3, 0.1, 0.1);
+  }
+}
+
+TEST(CrossSearch, TwoContoursMatchTheAllPairsLoop) {
+  for (unsigned seed = 0; seed < 240; ++seed) {
+    Shapes s(seed);
+    Store store;
+    const int kind = seed % 4;
+    LI_TAB_STRUCT *a = Chain(store.get(), RandomContour(s, kind, {0, 0}));
+    LI_TAB_STRUCT *b =
+        Chain(store.get(), RandomContour(s, kind, {s.Real(-0.5, 0.5), s.Real(-0.5, 0.5)}));
+    EXPECT_TRUE(SameAsAllPairs(a, b)) << "seed " << seed;
+    EXPECT_TRUE(SameAsAllPairs(b, a)) << "seed " << seed;
+    EXPECT_TRUE(SameAsAllPairs(a, nullptr)) << "seed " << seed;
+  }
+}
+
+TEST(CrossSearch, SelfListsMatchTheAllPairsLoop) {
+  // Neighbourhoods short and long (past the walked length of 64), and
+  // longer than the contour so that they pass round it more than once.
+  const int16_t widths[] = {0, 1, 2, 5, 40, 300};
+  for (unsigned seed = 0; seed < 160; ++seed) {
+    Shapes s(1000 + seed);
+    Store store;
+    const int n = s.Chance(0.2) ? s.Int(150, 300) : s.Int(3, 40);
+    const auto points = seed % 2 ? s.Star(n, {0, 0}, 0.2, 2, true) : s.GridWalk(n, 5);
+    LI_TAB_STRUCT *k = Chain(store.get(), s.Edges(points, 0.3, 0.05, seed % 3 ? 0.0 : 0.1));
+    for (const int16_t w : widths) EXPECT_TRUE(SameAsAllPairs(k, w)) << "seed " << seed << " n " << w;
+  }
+}
+
+TEST(CrossSearch, OneElementCrossedManyTimesInAnyOrder) {
+  // A long line and a long arc crossed by 300 teeth, met forwards,
+  // backwards and shuffled: the quick end-of-run placement and the scan
+  // must agree.
+  const int teeth = 300;
+  for (int order = 0; order < 3; ++order) {
+    Store store;
+    std::vector<int> at(teeth);
+    for (int i = 0; i < teeth; ++i) at[i] = order == 1 ? teeth - 1 - i : i;
+    if (order == 2) std::shuffle(at.begin(), at.end(), std::mt19937(7));
+    std::vector<LI_TAB_STRUCT> comb;
+    for (int i : at) {
+      const double x = 0.5 + i * 0.01;
+      comb.push_back(Line({x, -2}, {x + 0.001, 1}));
+    }
+    LI_TAB_STRUCT *b = Chain(store.get(), comb);
+    LI_TAB_STRUCT *line = Chain(store.get(), {Line({0, 0}, {4, 0}), Line({4, 0}, {0, 0.5})});
+    LI_TAB_STRUCT *arc = Chain(store.get(), {Arc({0.2, -0.9}, {3.8, -0.9}, {2, 3}, LI_ARC_CCW),
+                                             Line({3.8, -0.9}, {0.2, -0.9})});
+    EXPECT_TRUE(SameAsAllPairs(line, b)) << order;
+    EXPECT_TRUE(SameAsAllPairs(arc, b)) << order;
+    EXPECT_TRUE(SameAsAllPairs(b, line)) << order;
+  }
+}
+
+// Whether every entry of part appears in whole, in the same order.
+bool Subsequence(const CrossList &part, const CrossList &whole) {
+  int j = 0;
+  for (int i = 0; i < part.size(); ++i) {
+    while (j < whole.size() && std::memcmp(&part[i], &whole[j], sizeof(GE_CROSS)) != 0) ++j;
+    if (j++ == whole.size()) return false;
+  }
+  return true;
+}
+
+TEST(CrossSearch, AllocationFailuresKeepTheEntriesMadeAndFreeTheIndex) {
+  Shapes s(77);
+  Store store;
+  LI_TAB_STRUCT *k = Chain(store.get(), s.Edges(s.Star(40, {0, 0}, 0.2, 2, true), 0.3, 0, 0));
+  for (const int16_t n : {int16_t{0}, int16_t{40}}) {
+    CrossList whole;
+    ASSERT_EQ(FlCrossListSingle(k, &whole.list, &whole.last, n), PA_OK);
+    ASSERT_GT(whole.size(), 40);
+    const unsigned long blocks = MemTestLiveBlocks();
+    const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
+      CrossList part;
+      failure.Arm();
+      const uint16_t st = FlCrossListSingle(k, &part.list, &part.last, n);
+      failure.Disarm();
+      EXPECT_EQ(st, failure.Fired() ? PA_NO_MEMORY : PA_OK);
+      EXPECT_TRUE(Subsequence(part, whole)) << "failure " << failure.n();
+      FlFreeCross(&part.list);
+      EXPECT_EQ(MemTestLiveBlocks(), blocks);
+    });
+    EXPECT_GT(failing, 10u) << "the index's arrays come from the memory service";
+  }
+}
+
+}  // namespace
+}  // namespace polyarc_test
