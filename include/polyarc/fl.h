@@ -115,71 +115,186 @@ POLYARC_EXTERN void FlFreeList(LI_HEAD *head, LI_TAB_STRUCT ***list, int16_t las
 
 /* ---- Crossing classification ------------------------------------------ */
 
-/* Classifies one crossing (after FlSplitCross) from the tangents of the
- * four elements that meet there: mode, side and rev (see GE_CROSS).
- * Returns 0, the status of GePtElemTan, or PA_IMPOSSIBLE when A folds back
- * on itself with no side (the crossing is then void). */
+/* After FlSplitCross every crossing lies at a joint of both contours:
+ * elem_a ends at pt and next_a starts there, and the same for B. The
+ * functions below write mode, side and rev of the entries:
+ *   FL_MODE_CROSS (0)  B passes from one side of A to the other (0 also
+ *                      marks an entry not classified yet);
+ *   FL_MODE_JOIN (1)   B arrives from `side` and runs along A in A's
+ *                      direction; or, with rev 1, B leaves to `side` after
+ *                      running along A against its direction;
+ *   FL_MODE_LEAVE (2)  B leaves to `side` after running along A in A's
+ *                      direction; or, with rev 1, B arrives from `side`
+ *                      and runs along A against its direction;
+ *   FL_MODE_VOID (3)   a touch, a repeat or a cancelled overlap end:
+ *                      every later step skips it.
+ * side is 0 and rev 0 for modes 0 and 3. The order for two contours is
+ * FlCrossSetPt, FlSetIdentDel, FlCheckCross, FlCrossLink; for one contour
+ * FlCrossSetPt, FlSetIdentDel, FlRemIdentInv (flag 0), FlCheckCrossSingle,
+ * FlRemIdentInv (flag 1), FlCrossLink; then FlCheckList or
+ * FlCrossKonturCleanClosed choose loops. The crossing list stays the
+ * caller's until FlCrossLink takes its storage. Operation codes:
+ * FL_OP_UNION (4), FL_OP_INTERSECTION (5), FL_OP_DIFFERENCE (6). */
+
+/* Classifies one split crossing from the unit tangents at pt
+ * (GePtElemTan) of elem_a, next_a, elem_b and next_b: a_in, a_out, b_in,
+ * b_out. A half of B whose tangent runs within 60 degrees of a half of A
+ * (dot product beyond +-0.5) takes its side from GeTanSide when the two
+ * touch, side 0 meaning that it runs along A (a failed GeTanSide tells
+ * nothing); a side still unknown is read from the clockwise order of the
+ * directions about pt starting at -a_in, a direction within 5e-9 of -a_in
+ * counting as -a_in itself. Where A folds back (a_out . a_in < -0.5) and
+ * GeTanSide gives its fold a side s, both halves of B count as lying on
+ * -s unless they run along A. Equal sides give mode 3; B arriving along A
+ * gives mode 1 (against A) or 2 with B's leaving side; B leaving along A
+ * gives mode 1 or 2 (against A) with B's arriving side; else mode 0.
+ * Returns 0; the status of GePtElemTan (PA_INVALID also for a null
+ * element), the crossing then void; or PA_IMPOSSIBLE, deliberately an
+ * error, when A runs straight back on itself (its fold has side 0), the
+ * crossing void. */
 POLYARC_EXTERN uint16_t FlSetModeSideRev(GE_CROSS *cross);
 
-/* Classifies every unclassified entry and voids later entries that repeat
- * it (same four elements, same point). Returns the first failure. */
+/* Classifies every entry of mode 0 in list order (FlSetModeSideRev) and,
+ * when it is not then void, voids every later entry with the same elem_a,
+ * elem_b, next_a and next_b and a point within tol per axis. Stops at the
+ * first failing classification and returns its status, leaving later
+ * entries unclassified; else 0. Finding the repeats takes a scratch array
+ * from the memory service; without it a plain scan finds the same, so
+ * memory never fails the call. */
 POLYARC_EXTERN uint16_t FlSetIdentDel(GE_CROSS *list, int16_t last);
 
-/* Voids the mirrored twin (b x a) of every entry of a self-crossing list;
- * with flag 0 only twins of proper crossings (mode 0). */
+/* For a self-crossing list, where each crossing is found as a x b and as
+ * b x a: voids every later entry that mirrors a live entry j (elem_a and
+ * elem_b exchanged, next_a and next_b exchanged, point within tol per
+ * axis); with flag 0 only for entries j of mode 0. Memory as for
+ * FlSetIdentDel. */
 POLYARC_EXTERN void FlRemIdentInv(GE_CROSS *list, int16_t last, uint32_t flag);
 
-/* Resolves overlaps of a two-contour list for the operation op
- * (FL_OP_*): a stretch where B runs along A and returns to its side is
- * voided; one that passes to the other side keeps one end. Returns 0. */
+/* Resolves the overlap ends of a two-contour list for the operation op.
+ * The next entry of an entry is the next one in list order that is not
+ * void, wrapping from last to 0. Three passes, in this order:
+ * 1. a mode 1 entry with rev 0 followed by a mode 2 entry on the same side
+ *    voids both (B ran along A and went back to its side: no crossing);
+ * 2. the same again, and where the sides differ one end stays the
+ *    crossing: with op 4 (union) the mode 1 entry is voided when its side
+ *    is +1, else the mode 2 entry; with any other op the mode 1 entry is
+ *    voided when its side is -1, else the mode 2 entry;
+ * 3. a mode 1 or 2 entry that is the only live entry is voided.
+ * Pairs nested in one another thus resolve from the inside out. Returns
+ * 0. */
 POLYARC_EXTERN uint16_t FlCheckCross(GE_CROSS *list, int16_t last, int32_t op);
 
-/* Resolves overlaps of a self-crossing list. Returns 0. */
+/* Resolves the overlap ends of a self-crossing list: every mode 1 entry
+ * is voided, and the mode 2 entry that follows it (next as for
+ * FlCheckCross) too when both lie on the same side. Returns 0. */
 POLYARC_EXTERN uint16_t FlCheckCrossSingle(GE_CROSS *list, int16_t last);
 
-/* Moves the element ends at every crossing exactly onto its point.
- * Returns 0 or the first failing status of LiRadKorr / LiElemExpand. */
+/* Moves the element ends at every crossing exactly onto pt, in list order.
+ * Where loc_a is GE_AT_START or GE_AT_END and elem_a does not end exactly
+ * at pt, elem_a's ep and then next_a's ap (unless next_a is elem_a)
+ * become pt, each re-expanded (an arc first gets its centre corrected by
+ * LiRadKorr); when elem_a already ends exactly at pt next_a is not looked
+ * at. The same for B. Returns 0, or the first failing status of LiRadKorr
+ * or LiElemExpand (e.g. PA_ZERO_LENGTH), which ends the walk. */
 POLYARC_EXTERN uint16_t FlCrossSetPt(GE_CROSS *list, int16_t last);
 
-/* Rewires the contours at every crossing that is not void into closed
- * loops. The crossing list's storage becomes the contour list *loops (one
- * entry per loop), *list becomes null; with no usable crossing *loops is
- * null, *loops_last FL_EMPTY and the list is left as it was. */
+/* Rewires the contours at every live crossing: elem_a's successor becomes
+ * elem_b's old successor and elem_b's successor elem_a's old one (entries
+ * with a null element are skipped). The crossing list's storage then
+ * becomes the contour list *loops, deliberately without a new allocation:
+ * each closed loop appears once, listed by the first of the elements at
+ * the crossings (elem_a, elem_b, in list order) that lies on it;
+ * *loops_last is its last index, *list becomes null and *last 0. The
+ * elements belong to the loops and the caller frees *loops with
+ * FlFreeList. With no usable crossing *loops is null, *loops_last
+ * FL_EMPTY, and the list and the contours are left as they were. Uses
+ * the elements' mark as a visit mark and leaves it 0 on every loop. */
 POLYARC_EXTERN void FlCrossLink(GE_CROSS **list, int16_t *last, LI_TAB_STRUCT ***loops,
                                 int16_t *loops_last);
 
-/* Keeps loops of a contour list by the sign of their area (1, 0 or 65535
- * for -1) and the selection code select (4, 5, 6, other); see the
- * documentation of the selection codes. Removed loops go back to the store;
- * *extra receives the loop taken out by code 4. Returns 0. */
+/* Keeps the loops 0..*last of a contour list by the sign of their area
+ * (LiKontArea: -1 below -tol, +1 above tol, else 0) and the wanted sign
+ * (1, 0 or 65535 for -1). Loops of sign 0 are always removed. select:
+ *   4      the wanted-sign loop of largest |area| is taken out of the list
+ *          into *extra, the other wanted-sign loops are removed, loops of
+ *          the other sign stay;
+ *   5      the wanted-sign loops stay except the largest, loops of the
+ *          other sign are removed;
+ *   6      the wanted-sign loops stay, loops of the other sign are removed;
+ *   other  every loop of non-zero sign stays.
+ * On a tie of |area| the earlier loop is the largest. Removed loops go
+ * back to head and the list closes up in order (*last decreases). *extra
+ * is overwritten (null when nothing is taken); the caller owns it.
+ * Returns 0, or PA_INVALID for null arguments. */
 POLYARC_EXTERN uint16_t FlCheckList(LI_HEAD *head, LI_TAB_STRUCT **loops, int16_t *last,
                                     uint16_t sign, uint16_t select, LI_TAB_STRUCT **extra);
 
 /* ---- Result contour assembly ------------------------------------------ */
 
+/* These pipelines consume their input contours whenever loops result: the
+ * handles become null and the elements belong to the loops of the contour
+ * list, which the caller frees with FlFreeList. When nothing is linked,
+ * the inputs stay whole, though elements may have been cut at crossings
+ * that were voided later. The crossing list is freed in every case. */
+
 /* Cuts two closed contours at their crossings and rewires them into loops
- * for the operation op. When loops result, *a and *b become null (their
- * elements are in the loops of *loops). *flags as for FlSplitCross.
- * Returns the first failing status of the steps. */
+ * for the operation op: FlCrossList, then FlSplitCross (*flags: bit 1
+ * when a was cut, bit 2 when b was), FlCrossSetPt, FlSetIdentDel,
+ * FlCheckCross and FlCrossLink, each while all before it returned 0. When
+ * loops result *a and *b become null and *loops (0..*last) holds them;
+ * else *loops is null and *last FL_EMPTY. An empty *a or *b gives 0 and
+ * no loops. Returns 0 or the first failing status of the steps (such as
+ * PA_NO_MEMORY, PA_LIST_FULL, PA_NO_RECORD), the contours then whole. */
 POLYARC_EXTERN uint16_t FlCrossKonturClosed(LI_HEAD *head, LI_TAB_STRUCT **a, LI_TAB_STRUCT **b,
                                             int32_t op, uint32_t *flags, LI_TAB_STRUCT ***loops,
                                             int16_t *last);
 
-/* Keeps the loops that the operation op wants, given the absolute areas of
- * its inputs. Returns 0, PA_INVALID for a single loop or two outer loops
- * of a union, PA_IMPOSSIBLE for an empty list or no fitting loop. */
+/* Chooses the loops 0..*last of a Boolean result by their areas a, given
+ * the absolute areas of the inputs, with the deliberately small area
+ * tolerance t2 = tol^2:
+ *   op 4  a >= max(area_a, area_b) - t2 is the outer loop and moves to
+ *         index 0, a second one is an error; holes (a <= -t2) stay;
+ *         every other loop is removed;
+ *   op 5  loops with t2 <= a <= min(area_a, area_b) + t2 stay;
+ *   op 6  loops with a >= t2 stay;
+ *   other every loop stays.
+ * Removed loops go back to head. Returns 0 when a loop fitted (the outer
+ * loop, a kept loop, or for other ops a loop with a >= t2), the list then
+ * closed up and *last recounted; PA_INVALID for exactly one loop (nothing
+ * touched: one loop is no result of two crossing contours) or for a
+ * second outer loop; PA_IMPOSSIBLE for an empty list or when no loop
+ * fitted. After a failure the removed loops leave null entries and *last
+ * stays, so that FlFreeList still frees the list. */
 POLYARC_EXTERN uint16_t FlCrossKonturCleanClosed(LI_HEAD *head, double area_a, double area_b,
                                                  uint32_t op, LI_TAB_STRUCT **loops,
                                                  int16_t *last);
 
-/* Cuts one contour at its self-crossings and rewires it into loops; *k
- * becomes null when loops result. n as for FlCrossListSingle. */
+/* Cuts one contour at its self-crossings (FlCrossListSingle with width n,
+ * taken as a signed 16-bit value) and rewires it into loops: FlSplitCross,
+ * FlCrossSetPt, FlSetIdentDel, FlRemIdentInv (flag 0), FlCheckCrossSingle,
+ * FlRemIdentInv (flag 1), FlCrossLink. When loops result *k becomes null
+ * and *loops (0..*last) holds them. Statuses as for FlCrossKonturClosed. */
 POLYARC_EXTERN uint16_t FlCrossKonturSingle(LI_HEAD *head, LI_TAB_STRUCT **k,
                                             LI_TAB_STRUCT ***loops, int16_t *last, uint16_t n);
 
-/* Cleans one contour of self-crossings, keeping loops of the wanted area
- * sign; mode 2, 3 or other selects how (see the documentation of the
- * cleaning modes). *no_cross receives 1 when nothing crossed. */
+/* Cleans one contour of its self-crossing loops; the offsets' clean-up.
+ * With rem_short set, elements shorter than tol (100 x tol when tol is
+ * below 5e-05) are removed first by LiRemShort (closed unless mode is 3;
+ * arcs are not flattened), whose failure is returned at once. Then
+ * FlCrossKonturSingle with width n. When nothing crosses, *no_cross is 1
+ * and the contour is left as it is. Else *no_cross is 0, *k null, and the
+ * cleaning mode decides, with sign the wanted area sign (1, 0, -1; signs
+ * as for FlCheckList):
+ *   3      (open contour) one loop becomes *out, closed by LiCheckClosed:
+ *          loop 1 when the number of loops is even and loop 1 has the
+ *          wanted sign, else loop 0 (a parity rule kept as it stands); the
+ *          other loops go back to head, *loops is null, *last FL_EMPTY;
+ *   2      (inward) FlCheckList code 6: *loops keeps the wanted-sign loops;
+ *   other  (outward) FlCheckList code 4: the largest wanted-sign loop
+ *          becomes *out, *loops keeps the loops of the other sign.
+ * The caller owns *out and *loops. Returns 0 or the first failing status;
+ * after a failure of the crossing steps *no_cross is 1, *out and *loops
+ * null, and the contour whole. */
 POLYARC_EXTERN uint16_t FlCleanKont(LI_HEAD *head, LI_TAB_STRUCT **k, int16_t sign, uint16_t mode,
                                     LI_TAB_STRUCT **out, LI_TAB_STRUCT ***loops, int16_t *last,
                                     uint32_t *no_cross, uint16_t n, int32_t rem_short);

@@ -1,0 +1,388 @@
+// Classification of the crossings of a split crossing list: how B passes A
+// at each crossing (mode, side, rev), removal of repeated and mirrored
+// entries, resolution of overlaps, and the snapping of element ends onto
+// the crossing points.
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include "geom/predicates.h"
+#include "platform/memory.h"
+#include "polyarc/fl.h"
+#include "polyarc/ge.h"
+#include "polyarc/li.h"
+
+namespace polyarc {
+namespace {
+
+// Two unit tangents with a dot product beyond this run roughly the same
+// way (or, negated, against each other): within 60 degrees.
+constexpr double kAlongCosine = 0.5;
+constexpr uint16_t kSideLeft = 1;
+constexpr uint16_t kSideRight = 65535;
+
+bool IsVoid(const GE_CROSS &c) { return c.mode == FL_MODE_VOID; }
+
+void Classify(GE_CROSS &c, uint16_t mode, int side, uint32_t rev) {
+  c.mode = mode;
+  c.side = side < 0 ? kSideRight : static_cast<uint16_t>(side);
+  c.rev = rev;
+}
+
+void MakeVoid(GE_CROSS &c) { Classify(c, FL_MODE_VOID, 0, 0); }
+
+bool SamePoint(const GE_CROSS &a, const GE_CROSS &b, double tol) {
+  return CoincidePerAxis(a.pt, b.pt, tol);
+}
+
+// ---- One crossing ----------------------------------------------------------
+
+struct Tangents {
+  GE_POINT a_in, a_out, b_in, b_out;
+};
+
+uint16_t TakeTangents(const GE_CROSS &c, Tangents &t) {
+  const std::pair<const LI_TAB_STRUCT *, GE_POINT *> take[] = {
+      {c.elem_a, &t.a_in}, {c.next_a, &t.a_out}, {c.elem_b, &t.b_in}, {c.next_b, &t.b_out}};
+  for (const auto &[e, out] : take) {
+    if (const uint16_t status = GePtElemTan(e, &c.pt, out); status != PA_OK) return status;
+  }
+  return PA_OK;
+}
+
+// The side (-1, 0, +1) on which two touching elements part, or nothing
+// when they do not touch.
+std::optional<int> TanSide(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, int32_t sum) {
+  uint16_t side = 0;
+  if (GeTanSide(e1, e2, &side, sum) != PA_OK) return std::nullopt;
+  return side == kSideRight ? -1 : side;
+}
+
+bool TanSideIsZero(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, int32_t sum) {
+  return TanSide(e1, e2, sum) == 0;
+}
+
+// What is known of how B arrives (in) and leaves (out); a side is unset
+// until a tangency or the angular fallback settles it.
+struct Sides {
+  std::optional<int> in, out;
+  uint32_t rev = 0;      // B arrives along A against A's direction
+  uint32_t out_rev = 0;  // B leaves along A against A's direction
+};
+
+// A folds back on itself at the crossing: B's halves lie opposite the side
+// to which A's fold opens, unless they run along A.
+Sides FoldBackSides(const GE_CROSS &c, const Tangents &t, int fold) {
+  Sides s{-fold, -fold};
+  if (Dot(t.b_in, t.a_in) > kAlongCosine && TanSideIsZero(c.elem_a, c.elem_b, 0)) {
+    s.in = 0;
+  } else if (Dot(t.b_in, t.a_out) < -kAlongCosine && TanSideIsZero(c.next_a, c.elem_b, 1)) {
+    s.in = 0;
+    s.rev = 1;
+  }
+  if (Dot(t.b_out, t.a_out) > kAlongCosine && TanSideIsZero(c.next_a, c.next_b, 0)) {
+    s.out = 0;
+  } else if (Dot(t.b_out, t.a_in) < -kAlongCosine && TanSideIsZero(c.elem_a, c.next_b, 1)) {
+    s.out = 0;
+    s.out_rev = 1;
+  }
+  return s;
+}
+
+// The sides of B's halves where they touch A's halves tangentially.
+Sides TangentSides(const GE_CROSS &c, const Tangents &t) {
+  Sides s;
+  if (Dot(t.b_in, t.a_in) > kAlongCosine) s.in = TanSide(c.elem_a, c.elem_b, 0);
+  if (!s.in && Dot(t.b_in, t.a_out) < -kAlongCosine) {
+    s.in = TanSide(c.next_a, c.elem_b, 1);
+    if (s.in == 0) s.rev = 1;
+  }
+  if (Dot(t.b_out, t.a_out) > kAlongCosine) s.out = TanSide(c.next_a, c.next_b, 0);
+  if (!s.out && Dot(t.b_out, t.a_in) < -kAlongCosine) {
+    s.out = TanSide(c.elem_a, c.next_b, 1);
+    if (s.out == 0) s.out_rev = 1;
+  }
+  return s;
+}
+
+// The clockwise angle from the backward arrival direction back to d, in
+// [0, 2pi); a direction that runs straight back along A counts as 0.
+double AngleFromBack(GE_POINT back, GE_POINT d) {
+  if (Dot(d, back) > kAlongCosine && std::fabs(Cross(back, d)) < kParallelSine) return 0.0;
+  return SweepOnce(Angle(back) - Angle(d));
+}
+
+// Settles the sides no tangency decided: a direction met before A's way
+// out, turning clockwise from the way A came, lies on A's left.
+void AngularFallback(const Tangents &t, Sides &s) {
+  const GE_POINT back = -t.a_in;
+  const double out = AngleFromBack(back, t.a_out);
+  if (!s.in) s.in = out > AngleFromBack(back, -t.b_in) ? 1 : -1;
+  if (!s.out) s.out = out > AngleFromBack(back, t.b_out) ? 1 : -1;
+}
+
+void Decide(GE_CROSS &c, const Sides &s) {
+  const int in = *s.in;
+  const int out = *s.out;
+  if (in == out) return MakeVoid(c);  // a touch, or along A on both halves
+  if (in == 0) return Classify(c, s.rev > 0 ? FL_MODE_JOIN : FL_MODE_LEAVE, out, s.rev);
+  if (out != 0) return Classify(c, FL_MODE_CROSS, 0, 0);
+  Classify(c, s.out_rev == 0 ? FL_MODE_JOIN : FL_MODE_LEAVE, in, s.out_rev);
+}
+
+uint16_t SetModeSideRev(GE_CROSS &c) {
+  Tangents t{};
+  if (const uint16_t status = TakeTangents(c, t); status != PA_OK) {
+    MakeVoid(c);
+    return status;
+  }
+  if (Dot(t.a_out, t.a_in) < -kAlongCosine) {
+    if (const std::optional<int> fold = TanSide(c.elem_a, c.next_a, 1)) {
+      // A runs straight back on itself: no side to tell B's halves apart.
+      if (*fold == 0) {
+        MakeVoid(c);
+        return PA_IMPOSSIBLE;
+      }
+      Decide(c, FoldBackSides(c, t, *fold));
+      return PA_OK;
+    }
+  }
+  Sides s = TangentSides(c, t);
+  AngularFallback(t, s);
+  Decide(c, s);
+  return PA_OK;
+}
+
+// ---- Repeated entries ------------------------------------------------------
+
+// The entries of a list ordered by elem_a, then by index, so that the later
+// entries on one element are found without comparing all pairs. When the
+// scratch array cannot be had, a plain scan of the later entries finds the
+// same entries in the same order, so the result never depends on memory.
+class EntriesByElemA {
+ public:
+  EntriesByElemA(GE_CROSS *list, int16_t last) : list_(list), last_(last) {
+    if (last < 1 || GrowBlock(order_, static_cast<size_t>(last) + 1, false) != PA_OK) return;
+    for (int i = 0; i <= last; ++i) order_[i] = static_cast<int16_t>(i);
+    std::sort(order_, order_ + last + 1, [this](int16_t x, int16_t y) { return Before(x, y); });
+  }
+  EntriesByElemA(const EntriesByElemA &) = delete;
+  EntriesByElemA &operator=(const EntriesByElemA &) = delete;
+  ~EntriesByElemA() {
+    if (order_ != nullptr) FreeBlock(order_);
+  }
+
+  // Calls visit(k) for every k > after whose elem_a is e, in increasing k.
+  template <class Visit>
+  void ForEachLater(const LI_TAB_STRUCT *e, int after, Visit visit) const {
+    if (order_ == nullptr) {
+      for (int k = after + 1; k <= last_; ++k) {
+        if (list_[k].elem_a == e) visit(list_[k]);
+      }
+      return;
+    }
+    const auto below = [this](int16_t x, std::pair<const LI_TAB_STRUCT *, int> key) {
+      const LI_TAB_STRUCT *ex = list_[x].elem_a;
+      if (ex != key.first) return std::less<const LI_TAB_STRUCT *>()(ex, key.first);
+      return x < key.second;
+    };
+    const int16_t *const begin = order_;
+    const int16_t *const end = order_ + last_ + 1;
+    const int16_t *it = std::lower_bound(begin, end, std::pair{e, after + 1}, below);
+    for (; it != end && list_[*it].elem_a == e; ++it) visit(list_[*it]);
+  }
+
+ private:
+  bool Before(int16_t x, int16_t y) const {
+    const LI_TAB_STRUCT *ex = list_[x].elem_a;
+    const LI_TAB_STRUCT *ey = list_[y].elem_a;
+    if (ex != ey) return std::less<const LI_TAB_STRUCT *>()(ex, ey);
+    return x < y;
+  }
+
+  GE_CROSS *list_;
+  int16_t last_;
+  int16_t *order_ = nullptr;
+};
+
+uint16_t SetIdentDel(GE_CROSS *list, int16_t last) {
+  const double tol = Tol();
+  const EntriesByElemA by_elem(list, last);
+  for (int j = 0; j <= last; ++j) {
+    GE_CROSS &c = list[j];
+    if (c.mode != FL_MODE_CROSS) continue;
+    if (const uint16_t status = SetModeSideRev(c); status != PA_OK) return status;
+    if (IsVoid(c)) continue;
+    by_elem.ForEachLater(c.elem_a, j, [&](GE_CROSS &k) {
+      if (k.elem_b == c.elem_b && k.next_a == c.next_a && k.next_b == c.next_b &&
+          SamePoint(k, c, tol))
+        MakeVoid(k);
+    });
+  }
+  return PA_OK;
+}
+
+void RemIdentInv(GE_CROSS *list, int16_t last, uint32_t flag) {
+  const double tol = Tol();
+  const EntriesByElemA by_elem(list, last);
+  for (int j = 0; j <= last; ++j) {
+    const GE_CROSS &c = list[j];
+    if (IsVoid(c) || (flag == 0 && c.mode != FL_MODE_CROSS)) continue;
+    // The twin found from the other side: the roles of A and B exchanged.
+    by_elem.ForEachLater(c.elem_b, j, [&](GE_CROSS &k) {
+      if (k.elem_b == c.elem_a && k.next_a == c.next_b && k.next_b == c.next_a &&
+          SamePoint(k, c, tol))
+        MakeVoid(k);
+    });
+  }
+}
+
+// ---- Overlaps --------------------------------------------------------------
+
+// The next entry that is not void after each entry, cyclically, for
+// entries asked in increasing order. A void entry never comes back to
+// life, so the cursor only moves forward and a whole pass stays linear
+// however many entries are void.
+class NextLive {
+ public:
+  NextLive(const GE_CROSS *list, int16_t last) : list_(list), n_(last + 1) {}
+
+  // The entry itself when no other entry is live.
+  int After(int i) {
+    if (cursor_ <= i) cursor_ = i + 1;
+    while (cursor_ < i + n_ && IsVoid(list_[cursor_ % n_])) ++cursor_;
+    return cursor_ % n_;
+  }
+
+ private:
+  const GE_CROSS *list_;
+  int n_;
+  int cursor_ = 0;
+};
+
+// Calls pair(join, next) for every live mode 1 entry with its next live
+// entry, in list order.
+template <class Pair>
+void ForEachJoin(GE_CROSS *list, int16_t last, Pair pair) {
+  NextLive next(list, last);
+  for (int i = 0; i <= last; ++i) {
+    if (list[i].mode == FL_MODE_JOIN) pair(list[i], list[next.After(i)]);
+  }
+}
+
+// B joined A from one side and left to the same side: it never crossed.
+bool ReturnsToItsSide(const GE_CROSS &join, const GE_CROSS &leave) {
+  return leave.mode == FL_MODE_LEAVE && join.side == leave.side && join.rev == 0;
+}
+
+// B passed to the other side along A: one end of the stretch stays the
+// crossing, the one that gives the operation's loops.
+void KeepOneEnd(GE_CROSS &join, GE_CROSS &leave, int32_t op) {
+  const uint16_t void_join_side = op == FL_OP_UNION ? kSideLeft : kSideRight;
+  MakeVoid(join.side == void_join_side ? join : leave);
+}
+
+void CheckCross(GE_CROSS *list, int16_t last, int32_t op) {
+  ForEachJoin(list, last, [](GE_CROSS &join, GE_CROSS &next) {
+    if (ReturnsToItsSide(join, next)) {
+      MakeVoid(join);
+      MakeVoid(next);
+    }
+  });
+  ForEachJoin(list, last, [op](GE_CROSS &join, GE_CROSS &next) {
+    if (ReturnsToItsSide(join, next)) {
+      MakeVoid(join);
+      MakeVoid(next);
+    } else if (next.mode == FL_MODE_LEAVE && join.side != next.side) {
+      KeepOneEnd(join, next, op);
+    }
+  });
+  // An overlap end left alone has nothing to pair with.
+  NextLive next(list, last);
+  for (int i = 0; i <= last; ++i) {
+    GE_CROSS &c = list[i];
+    if ((c.mode == FL_MODE_JOIN || c.mode == FL_MODE_LEAVE) && next.After(i) == i) MakeVoid(c);
+  }
+}
+
+void CheckCrossSingle(GE_CROSS *list, int16_t last) {
+  ForEachJoin(list, last, [](GE_CROSS &join, GE_CROSS &next) {
+    if (next.mode == FL_MODE_LEAVE && next.side == join.side) MakeVoid(next);
+    MakeVoid(join);
+  });
+}
+
+// ---- Snapping --------------------------------------------------------------
+
+uint16_t Reexpand(LI_TAB_STRUCT *e) {
+  if (IsArc(*e)) {
+    if (const uint16_t status = LiRadKorr(e); status != PA_OK) return status;
+  }
+  return LiElemExpand(e);
+}
+
+// Puts the joint of e and its successor next exactly on p. Nothing to do
+// (and the successor is left as it is) when e already ends there exactly.
+uint16_t SnapJoint(LI_TAB_STRUCT *e, LI_TAB_STRUCT *next, GE_POINT p) {
+  if (e->ep == p) return PA_OK;
+  e->ep = p;
+  if (const uint16_t status = Reexpand(e); status != PA_OK) return status;
+  if (next == e || next == nullptr) return PA_OK;
+  next->ap = p;
+  return Reexpand(next);
+}
+
+bool AtEnd(uint16_t loc) { return loc == GE_AT_START || loc == GE_AT_END; }
+
+uint16_t CrossSetPt(GE_CROSS *list, int16_t last) {
+  for (int i = 0; i <= last; ++i) {
+    const GE_CROSS &c = list[i];
+    if (AtEnd(c.loc_a) && c.elem_a != nullptr) {
+      if (const uint16_t status = SnapJoint(c.elem_a, c.next_a, c.pt); status != PA_OK)
+        return status;
+    }
+    if (AtEnd(c.loc_b) && c.elem_b != nullptr) {
+      if (const uint16_t status = SnapJoint(c.elem_b, c.next_b, c.pt); status != PA_OK)
+        return status;
+    }
+  }
+  return PA_OK;
+}
+
+}  // namespace
+}  // namespace polyarc
+
+using namespace polyarc;
+
+extern "C" uint16_t FlSetModeSideRev(GE_CROSS *cross) {
+  if (cross == nullptr) return PA_INVALID;
+  return SetModeSideRev(*cross);
+}
+
+extern "C" uint16_t FlSetIdentDel(GE_CROSS *list, int16_t last) {
+  if (last < 0) return PA_OK;
+  if (list == nullptr) return PA_INVALID;
+  return SetIdentDel(list, last);
+}
+
+extern "C" void FlRemIdentInv(GE_CROSS *list, int16_t last, uint32_t flag) {
+  if (list != nullptr && last >= 0) RemIdentInv(list, last, flag);
+}
+
+extern "C" uint16_t FlCheckCross(GE_CROSS *list, int16_t last, int32_t op) {
+  if (list != nullptr && last >= 0) CheckCross(list, last, op);
+  return PA_OK;
+}
+
+extern "C" uint16_t FlCheckCrossSingle(GE_CROSS *list, int16_t last) {
+  if (list != nullptr && last >= 0) CheckCrossSingle(list, last);
+  return PA_OK;
+}
+
+extern "C" uint16_t FlCrossSetPt(GE_CROSS *list, int16_t last) {
+  if (last < 0) return PA_OK;
+  if (list == nullptr) return PA_INVALID;
+  return CrossSetPt(list, last);
+}
