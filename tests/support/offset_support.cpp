@@ -157,12 +157,6 @@ TypeCount CountTypes(LI_TAB_STRUCT *k) {
   return c;
 }
 
-LI_TAB_STRUCT *Chain(LI_HEAD *head, std::initializer_list<LI_TAB_STRUCT> elements) {
-  LI_TAB_STRUCT *k = nullptr;
-  for (const LI_TAB_STRUCT &e : elements) EXPECT_EQ(LiInsertElem2(head, &k, &e), PA_OK);
-  return k;
-}
-
 LI_TAB_STRUCT *RandomStar(LI_HEAD *head, unsigned seed, int n, double rmin, double rmax,
                           double arc_share) {
   std::mt19937 rng(seed);

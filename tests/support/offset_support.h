@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "support/crossing_support.h"
 #include "support/support.h"
 
 namespace polyarc_test {
@@ -45,9 +46,6 @@ struct TypeCount {
   int arcs = 0;
 };
 TypeCount CountTypes(LI_TAB_STRUCT *k);
-
-// A closed contour from a list of elements (copied in order).
-LI_TAB_STRUCT *Chain(LI_HEAD *head, std::initializer_list<LI_TAB_STRUCT> elements);
 
 // A random star: n vertices about the origin at radii drawn from [rmin,
 // rmax] and evenly spread angles (jittered), counter-clockwise; a share of
