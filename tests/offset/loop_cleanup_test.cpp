@@ -185,5 +185,48 @@ TEST(ParallClean, AllocationFailureLosesNoRecord) {
   }
 }
 
+Result ConicClean(LI_HEAD *head, LI_TAB_STRUCT *k, uint16_t side, double d) {
+  const std::vector<double> dist(2 * LiCountElem(k), d);
+  Result r{};
+  r.status = FlConicClean(head, k, side, dist.data(), nullptr, &r.k, 1);
+  return r;
+}
+
+TEST(ConicClean, KeepsWhatTheParallelCleanUpKeeps) {
+  Store store;
+  LI_TAB_STRUCT *dumbbell = Dumbbell(store.get());
+  // Outwards by a constant distance: the sharp offset, starting at the
+  // element numbered like the source's first.
+  const Result out = ConicClean(store.get(), dumbbell, kRight, 0.25);
+  ASSERT_EQ(out.status, PA_OK);
+  EXPECT_EQ(out.k->no, 1);
+  EXPECT_NEAR(LiKontArea(out.k), 10.5 * 4.5 - 2 * 1.5 * 1.5, 1e-9) << "two notches of 1.5 x 1.5";
+  // Inwards until the corridor closes: the first loop, a square of 2.5.
+  const Result in = ConicClean(store.get(), dumbbell, kLeft, 0.75);
+  ASSERT_EQ(in.status, PA_OK);
+  EXPECT_NEAR(LiKontArea(in.k), 2.5 * 2.5, 1e-9);
+  // Deeper than the rooms allow: nothing.
+  const Result none = ConicClean(store.get(), dumbbell, kLeft, 2.5);
+  EXPECT_TRUE(none.status == PA_OK && none.k == nullptr);
+  const Result same = ConicClean(store.get(), dumbbell, kLeft, 0.0);
+  EXPECT_TRUE(same.status == PA_OK && Vertices(same.k) == Vertices(dumbbell));
+  LI_TAB_STRUCT *k = dumbbell;
+  EXPECT_EQ(FlConicClean(store.get(), nullptr, kLeft, nullptr, nullptr, &k, 1), PA_INVALID);
+  EXPECT_EQ(k, nullptr);
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {dumbbell, out.k, in.k, same.k}));
+  EXPECT_GT(ForEachAllocationFailure([](InjectedFailure &failure) {
+              Store s;
+              LI_TAB_STRUCT *source = Dumbbell(s.get());
+              LI_TAB_STRUCT *taken = TakeAllFree(s.get());
+              failure.Arm();
+              const Result r = ConicClean(s.get(), source, kLeft, 0.75);
+              failure.Disarm();
+              EXPECT_TRUE(r.status == PA_OK || (r.k == nullptr && (r.status == PA_NO_MEMORY ||
+                                                                   r.status == PA_NO_RECORD)));
+              EXPECT_TRUE(AllRecordsAccounted(s.head(), {source, taken, r.k}));
+            }),
+            0u);
+}
+
 }  // namespace
 }  // namespace polyarc_test
