@@ -50,8 +50,7 @@ bool AcceptedOffElement(uint16_t c1, uint16_t c2, const LI_TAB_STRUCT *o1,
                         const LI_TAB_STRUCT *o2) {
   if (!SharpMode(g_corner_mode)) return false;
   if (c1 == GE_BEYOND && c2 == GE_BEFORE) return true;
-  const bool one_off =
-      (c1 == GE_BEYOND && c2 == GE_INSIDE) || (c1 == GE_INSIDE && c2 == GE_BEFORE);
+  const bool one_off = (c1 == GE_BEYOND && c2 == GE_INSIDE) || (c1 == GE_INSIDE && c2 == GE_BEFORE);
   return one_off && o1 != nullptr && o2 != nullptr && CoincidePerAxis(o1->ep, o2->ap, Tol());
 }
 
@@ -88,7 +87,8 @@ uint16_t ReverseJoin(const JoinArgs &a, LI_TAB_STRUCT &e1, LI_TAB_STRUCT &e2) {
     if (IsLine(e2) || e1.type == LI_MOVE) return FlConElemBlunt(a, e1, e2);
     return p ? FlConElemIsect(a, e1, e2, nullptr, nullptr, 0) : FlConElemArc(a, e1, e2);
   }
-  if (IsLine(e2)) return p ? FlConElemIsect(a, e1, e2, nullptr, nullptr, 1) : FlConElemArc(a, e1, e2);
+  if (IsLine(e2))
+    return p ? FlConElemIsect(a, e1, e2, nullptr, nullptr, 1) : FlConElemArc(a, e1, e2);
   if (e1.type == e2.type)
     return p ? FlConElemIsect(a, e1, e2, nullptr, nullptr, select_ccw) : FlConElemArc(a, e1, e2);
   if (e2.rad < e1.rad)
@@ -112,9 +112,10 @@ uint16_t NewResultFrom(LI_HEAD *head, const LI_TAB_STRUCT &e, LI_TAB_STRUCT **ou
   return PA_OK;
 }
 
-uint16_t ConnectWithMoveOrDraw(const JoinArgs &a, const LI_TAB_STRUCT &e1,
-                               const LI_TAB_STRUCT &e2, bool draw) {
-  return AppendConnected(a, e1, e2, [draw](LI_TAB_STRUCT &c) { c.type = draw ? LI_LINE : LI_MOVE; });
+uint16_t ConnectWithMoveOrDraw(const JoinArgs &a, const LI_TAB_STRUCT &e1, const LI_TAB_STRUCT &e2,
+                               bool draw) {
+  return AppendConnected(a, e1, e2,
+                         [draw](LI_TAB_STRUCT &c) { c.type = draw ? LI_LINE : LI_MOVE; });
 }
 
 uint16_t FlConElemArc(const JoinArgs &a, const LI_TAB_STRUCT &e1, const LI_TAB_STRUCT &e2) {

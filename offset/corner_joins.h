@@ -42,8 +42,8 @@ struct JoinArgs {
 // a trim made degenerate) ends the step.
 
 // e1, then a line (draw) or a move from e1's end to e2's start.
-uint16_t ConnectWithMoveOrDraw(const JoinArgs &a, const LI_TAB_STRUCT &e1,
-                               const LI_TAB_STRUCT &e2, bool draw);
+uint16_t ConnectWithMoveOrDraw(const JoinArgs &a, const LI_TAB_STRUCT &e1, const LI_TAB_STRUCT &e2,
+                               bool draw);
 // e1, then an arc of the given distance about the source corner.
 uint16_t FlConElemArc(const JoinArgs &a, const LI_TAB_STRUCT &e1, const LI_TAB_STRUCT &e2);
 // e1 alone where the path turns by less than a right angle, else a round

@@ -96,7 +96,7 @@ struct Turning {
   LI_HEAD *head;
   GE_POINT centre;
   GE_POINT ref;
-  double radius;  // |centre - ref|
+  double radius;   // |centre - ref|
   bool clockwise;  // sense flag A: the chain turns clockwise
   bool flip;       // normals on the right of the tangent
   bool inner;      // sense flag B: arcs of the chain are followed inside

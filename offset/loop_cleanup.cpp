@@ -22,7 +22,8 @@ struct Kind {
 };
 
 Kind KindOf(const LI_TAB_STRUCT *k, int16_t side, bool examine) {
-  if (!examine || LiTestClosed(k) == 0) return {false, kOpen, static_cast<int16_t>(side == -1 ? -1 : 1)};
+  if (!examine || LiTestClosed(k) == 0)
+    return {false, kOpen, static_cast<int16_t>(side == -1 ? -1 : 1)};
   const double area = LiKontArea(k);
   const bool outward = (area > 0.0 && side == -1) || (area <= 0.0 && side == 1);
   return {true, outward ? kOutward : kInward, static_cast<int16_t>(area <= 0.0 ? -1 : 1)};
@@ -132,9 +133,8 @@ uint16_t CleanOffset(LI_HEAD *head, const LI_TAB_STRUCT *k, const Kind &kind, LI
 using namespace polyarc;
 
 extern "C" uint16_t FlParallClean(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16_t side, double d,
-                                  LI_TAB_STRUCT **out, uint16_t mode, uint16_t n,
-                                  int32_t rem_short, int32_t examine, uint16_t *counter,
-                                  uint16_t per_elem) {
+                                  LI_TAB_STRUCT **out, uint16_t mode, uint16_t n, int32_t rem_short,
+                                  int32_t examine, uint16_t *counter, uint16_t per_elem) {
   if (head == nullptr || out == nullptr || counter == nullptr) return PA_INVALID;
   *out = nullptr;
   if (k == nullptr) return PA_INVALID;

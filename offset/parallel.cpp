@@ -46,7 +46,8 @@ struct Pair {
 uint16_t Walk(const Offset &o, Pair &prev) {
   for (const LI_TAB_STRUCT *e = o.source->next; e != o.source; e = e->next) {
     Pair cur{*e, o.Moved(*e)};
-    const uint16_t status = FlConElemCorner(o.Join(), prev.source, cur.source, prev.offset, cur.offset);
+    const uint16_t status =
+        FlConElemCorner(o.Join(), prev.source, cur.source, prev.offset, cur.offset);
     if (status == PA_NO_MEMORY) return status;
     if (status != PA_OK) break;
     prev = cur;
@@ -59,8 +60,7 @@ uint16_t Walk(const Offset &o, Pair &prev) {
 // back into it.
 uint16_t CloseLastCorner(const Offset &o, Pair &prev) {
   LI_TAB_STRUCT first = **o.out;
-  if (const uint16_t status =
-          FlConElemCorner(o.Join(), prev.source, *o.source, prev.offset, first);
+  if (const uint16_t status = FlConElemCorner(o.Join(), prev.source, *o.source, prev.offset, first);
       status != PA_OK) {
     return status;
   }

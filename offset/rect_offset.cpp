@@ -144,8 +144,8 @@ uint16_t Bridge(LI_HEAD *head, LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, doubl
 // first element (at the start) or after the last. Only its carrier is set,
 // as the normal (-t.y, t.x) and its distance; the caller moves its free
 // end and expands it.
-uint16_t TangentLine(LI_HEAD *head, LI_TAB_STRUCT **k, LI_TAB_STRUCT *e, GE_POINT t,
-                     bool at_start, LI_TAB_STRUCT *&line) {
+uint16_t TangentLine(LI_HEAD *head, LI_TAB_STRUCT **k, LI_TAB_STRUCT *e, GE_POINT t, bool at_start,
+                     LI_TAB_STRUCT *&line) {
   if (const uint16_t status = LiNew(head, &line); status != PA_OK) return status;
   const GE_POINT p = at_start ? e->ap : e->ep;
   line->type = LI_LINE;
@@ -161,8 +161,7 @@ uint16_t TangentLine(LI_HEAD *head, LI_TAB_STRUCT **k, LI_TAB_STRUCT *e, GE_POIN
   return PA_OK;
 }
 
-uint16_t CarryEnd(LI_HEAD *head, LI_TAB_STRUCT **k, GE_POINT target, bool at_start,
-                  bool always) {
+uint16_t CarryEnd(LI_HEAD *head, LI_TAB_STRUCT **k, GE_POINT target, bool at_start, bool always) {
   const double tol = Tol();
   LI_TAB_STRUCT *e = at_start ? *k : (*k)->prev;
   const GE_POINT t = at_start ? e->tan_ap : e->tan_ep;

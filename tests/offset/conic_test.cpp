@@ -52,14 +52,26 @@ TEST(Conic, JoinsTrimLinesAndBridgeTheRest) {
   LI_TAB_STRUCT *square = Polygon(store.get(), {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}});
   const Result s = Conic(store.get(), square, kRight, std::vector<double>(8, 0.5), 1);
   ASSERT_EQ(s.status, PA_OK);
-  EXPECT_EQ(Vertices(s.k), (Points{{-1.5, -1.5}, {1.5, -1.5}, {1.5, -1.5}, {1.5, 1.5},
-                                   {1.5, 1.5}, {-1.5, 1.5}, {-1.5, 1.5}, {-1.5, -1.5}}));
+  EXPECT_EQ(Vertices(s.k), (Points{{-1.5, -1.5},
+                                   {1.5, -1.5},
+                                   {1.5, -1.5},
+                                   {1.5, 1.5},
+                                   {1.5, 1.5},
+                                   {-1.5, 1.5},
+                                   {-1.5, 1.5},
+                                   {-1.5, -1.5}}));
   // Inside, with a taper along the bottom side: the neighbours are trimmed
   // to the bottom's slanted offset.
   const Result in = Conic(store.get(), square, kLeft, {0, 1, 1, 1, 0.5, 0.5, 0.5, 0.5}, 1);
   ASSERT_EQ(in.status, PA_OK);
-  EXPECT_TRUE(VerticesNear(in.k, {{-0.5, -0.75}, {0, -0.5}, {0, -0.5}, {0, 0.5}, {0, 0.5},
-                                  {-0.5, 0.5}, {-0.5, 0.5}, {-0.5, -0.75}}));
+  EXPECT_TRUE(VerticesNear(in.k, {{-0.5, -0.75},
+                                  {0, -0.5},
+                                  {0, -0.5},
+                                  {0, 0.5},
+                                  {0, 0.5},
+                                  {-0.5, 0.5},
+                                  {-0.5, 0.5},
+                                  {-0.5, -0.75}}));
   // Where an arc's offset starts away from a line's end a connecting line
   // with number 0 bridges them.
   LI_TAB_STRUCT *hook =
@@ -95,7 +107,9 @@ TEST(Conic, BadInputAndAllocationFailure) {
   EXPECT_EQ(out, nullptr);
   ExpectCleanAllocationFailures(
       PA_NO_MEMORY,
-      [](LI_HEAD *head) { return Live{Polygon(head, {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}})}; },
+      [](LI_HEAD *head) {
+        return Live{Polygon(head, {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}})};
+      },
       [](LI_HEAD *head, Live &live) {
         const Result r = Conic(head, live[0], kRight, std::vector<double>(8, 0.5), 1);
         EXPECT_EQ(r.k == nullptr, r.status != PA_OK);

@@ -83,8 +83,11 @@ TEST(RotStart, PointOfAGivenDirectionOfTravel) {
     double angle;
     uint16_t no;
     GE_POINT pt;
-  } const cases[] = {{kPi / 4, 2, {1, 0}}, {-kPi / 4, 1, {0, 0}}, {3 * kPi / 4, 3, {1, 1}},
-                     {0, 2, {1, 0}}, {kPi / 2, 3, {1, 1}}};
+  } const cases[] = {{kPi / 4, 2, {1, 0}},
+                     {-kPi / 4, 1, {0, 0}},
+                     {3 * kPi / 4, 3, {1, 1}},
+                     {0, 2, {1, 0}},
+                     {kPi / 2, 3, {1, 1}}};
   for (const Case &c : cases) {
     ASSERT_EQ(FlRotStart(square, c.angle, 0, &no, &pt), PA_OK) << c.angle;
     EXPECT_TRUE(no == c.no && pt == c.pt) << c.angle << ": " << no << " " << pt;
@@ -113,9 +116,11 @@ TEST(RotLim, OutlineOfATurnedChain) {
   ASSERT_EQ(FlRotLim(store.get(), square, &centre, &ref, kPi, 0, 0, &out, &last), PA_OK);
   const std::vector<LI_TAB_STRUCT *> e = Elements(out);
   ASSERT_EQ(e.size(), 4u);
-  EXPECT_TRUE(e[0]->type == LI_LINE && e[0]->ap == (GE_POINT{0, 0}) && e[0]->ep == (GE_POINT{1, 0}));
+  EXPECT_TRUE(e[0]->type == LI_LINE && e[0]->ap == (GE_POINT{0, 0}) &&
+              e[0]->ep == (GE_POINT{1, 0}));
   EXPECT_TRUE(e[1]->type == LI_ARC_CCW && e[1]->mp == (GE_POINT{1, 1}) && e[1]->rad == 1);
-  EXPECT_EQ(Vertices(out), (Points{{0, 0}, {1, 0}, {1, 0}, {2, 1}, {2, 1}, {2, 2}, {2, 2}, {1, 3}}));
+  EXPECT_EQ(Vertices(out),
+            (Points{{0, 0}, {1, 0}, {1, 0}, {2, 1}, {2, 1}, {2, 2}, {2, 2}, {1, 3}}));
   EXPECT_TRUE(e[3]->mp == (GE_POINT{1, 2}) && last == 3);
   // A line's normal never turns: after one pass without a turn the walk
   // gives up instead of running for ever.

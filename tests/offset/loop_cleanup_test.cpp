@@ -30,8 +30,18 @@ Result Clean(LI_HEAD *head, LI_TAB_STRUCT *k, uint16_t side, double d, uint16_t 
 // Two 4 x 4 rooms joined by a corridor 1 wide, counter-clockwise, numbered
 // from 1 along the bottom of the left room.
 LI_TAB_STRUCT *Dumbbell(LI_HEAD *head) {
-  LI_TAB_STRUCT *k = Polygon(head, {{0, 0}, {4, 0}, {4, 1.5}, {6, 1.5}, {6, 0}, {10, 0}, {10, 4},
-                                    {6, 4}, {6, 2.5}, {4, 2.5}, {4, 4}, {0, 4}});
+  LI_TAB_STRUCT *k = Polygon(head, {{0, 0},
+                                    {4, 0},
+                                    {4, 1.5},
+                                    {6, 1.5},
+                                    {6, 0},
+                                    {10, 0},
+                                    {10, 4},
+                                    {6, 4},
+                                    {6, 2.5},
+                                    {4, 2.5},
+                                    {4, 4},
+                                    {0, 4}});
   uint16_t no = 0;
   LiNumKont(k, &no);
   return k;
@@ -98,9 +108,9 @@ TEST(ParallClean, TooDeepInwardsLeavesNothing) {
 // distance.
 TEST(ParallClean, OpenPathDeeperThanAnArcsRadius) {
   Store store;
-  LI_TAB_STRUCT *hook = Chain(store.get(), {Line({0, 0}, {2, 0}),
-                                            Arc({2, 0}, {3, 1}, {2, 1}, LI_ARC_CCW),
-                                            Line({3, 1}, {3, 3})});
+  LI_TAB_STRUCT *hook =
+      Chain(store.get(),
+            {Line({0, 0}, {2, 0}), Arc({2, 0}, {3, 1}, {2, 1}, LI_ARC_CCW), Line({3, 1}, {3, 3})});
   for (const uint16_t side : {kLeft, kRight}) {
     const Result r = Clean(store.get(), hook, side, 1.5, FL_CORNER_ROUND);
     ASSERT_EQ(r.status, PA_OK);
@@ -124,8 +134,11 @@ void ExpectStarsAtTheDistance(double tol, double bound) {
   int checked = 0;
   for (unsigned seed = 1; seed <= 30; ++seed) {
     LI_TAB_STRUCT *star = RandomStar(store.get(), seed, 6 + seed % 9, 3, 6, 0.4);
-    for (const auto &[side, d] : {std::pair<uint16_t, double>{kRight, 0.4}, {kRight, 1.3},
-                                  {kLeft, 0.3}, {kLeft, 0.8}, {kLeft, 2.0}}) {
+    for (const auto &[side, d] : {std::pair<uint16_t, double>{kRight, 0.4},
+                                  {kRight, 1.3},
+                                  {kLeft, 0.3},
+                                  {kLeft, 0.8},
+                                  {kLeft, 2.0}}) {
       Result r = Clean(store.get(), star, side, d, FL_CORNER_ROUND);
       ASSERT_EQ(r.status, PA_OK) << "seed " << seed;
       if (r.k == nullptr) continue;

@@ -48,8 +48,14 @@ TEST(Parallel, SquareOutwardsSharpRoundOrOpen) {
   // Sharp: a square of side 3, each side keeping its number.
   const Result sharp = Offset(store.get(), square, kRight, 0.5, FL_CORNER_SHARP, &counter);
   ASSERT_EQ(sharp.status, PA_OK);
-  EXPECT_EQ(Vertices(sharp.k), (Points{{-1.5, -1.5}, {1.5, -1.5}, {1.5, -1.5}, {1.5, 1.5},
-                                       {1.5, 1.5}, {-1.5, 1.5}, {-1.5, 1.5}, {-1.5, -1.5}}));
+  EXPECT_EQ(Vertices(sharp.k), (Points{{-1.5, -1.5},
+                                       {1.5, -1.5},
+                                       {1.5, -1.5},
+                                       {1.5, 1.5},
+                                       {1.5, 1.5},
+                                       {-1.5, 1.5},
+                                       {-1.5, 1.5},
+                                       {-1.5, -1.5}}));
   std::vector<uint16_t> numbers;
   for (LI_TAB_STRUCT *e : Elements(sharp.k)) numbers.push_back(e->no);
   EXPECT_EQ(numbers, (std::vector<uint16_t>{1, 2, 3, 4}));
@@ -74,8 +80,10 @@ TEST(Parallel, SquareOutwardsSharpRoundOrOpen) {
   // Gap: the four sides apart, and no repair.
   const Result gap = Offset(store.get(), square, kRight, 0.5, FL_CORNER_GAP, &counter);
   ASSERT_EQ(gap.status, PA_OK);
-  EXPECT_EQ(Vertices(gap.k), (Points{{-1, -1.5}, {1, -1.5}, {1.5, -1}, {1.5, 1}, {1, 1.5},
-                                     {-1, 1.5}, {-1.5, 1}, {-1.5, -1}}));
+  EXPECT_EQ(
+      Vertices(gap.k),
+      (Points{
+          {-1, -1.5}, {1, -1.5}, {1.5, -1}, {1.5, 1}, {1, 1.5}, {-1, 1.5}, {-1.5, 1}, {-1.5, -1}}));
   // Any other mode: moves where the sides do not meet.
   const Result other = Offset(store.get(), square, kRight, 0.5, 1, &counter);
   ASSERT_EQ(other.status, PA_OK);
@@ -93,8 +101,14 @@ TEST(Parallel, InwardsAndTheOtherSide) {
   for (const uint16_t mode : {FL_CORNER_SHARP, FL_CORNER_ROUND, FL_CORNER_GAP}) {
     Result in = Offset(store.get(), square, kLeft, 0.25, mode, &counter);
     ASSERT_EQ(in.status, PA_OK);
-    EXPECT_EQ(Vertices(in.k), (Points{{-0.75, -0.75}, {0.75, -0.75}, {0.75, -0.75}, {0.75, 0.75},
-                                      {0.75, 0.75}, {-0.75, 0.75}, {-0.75, 0.75}, {-0.75, -0.75}}));
+    EXPECT_EQ(Vertices(in.k), (Points{{-0.75, -0.75},
+                                      {0.75, -0.75},
+                                      {0.75, -0.75},
+                                      {0.75, 0.75},
+                                      {0.75, 0.75},
+                                      {-0.75, 0.75},
+                                      {-0.75, 0.75},
+                                      {-0.75, -0.75}}));
     LiRemove(store.get(), &in.k);
   }
   // A negative distance offsets to the other side, round corners outside.
@@ -108,8 +122,8 @@ TEST(Parallel, InwardsAndTheOtherSide) {
   LI_TAB_STRUCT *rect = nullptr;
   ASSERT_EQ(FlParallel(store.get(), square, kRight, 1, &rect, 1, FL_CORNER_SHARP, &counter, 1),
             PA_OK);
-  EXPECT_EQ(Vertices(rect), (Points{{-3, -2}, {3, -2}, {3, -2}, {3, 2}, {3, 2}, {-3, 2}, {-3, 2},
-                                    {-3, -2}}));
+  EXPECT_EQ(Vertices(rect),
+            (Points{{-3, -2}, {3, -2}, {3, -2}, {3, 2}, {3, 2}, {-3, 2}, {-3, 2}, {-3, -2}}));
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {square, neg.k, rect}));
 }
 
@@ -177,8 +191,8 @@ TEST(Parallel, RoundOffsetOfConvexShapesByArea) {
 
 // An open path: a line, a quarter arc turning left about (2, 1), a line.
 LI_TAB_STRUCT *Hook(LI_HEAD *head) {
-  return Chain(head, {Line({0, 0}, {2, 0}), Arc({2, 0}, {3, 1}, {2, 1}, LI_ARC_CCW),
-                      Line({3, 1}, {3, 3})});
+  return Chain(
+      head, {Line({0, 0}, {2, 0}), Arc({2, 0}, {3, 1}, {2, 1}, LI_ARC_CCW), Line({3, 1}, {3, 3})});
 }
 
 TEST(Parallel, OpenPathOfLinesAndArcsToBothSides) {
@@ -233,7 +247,8 @@ TEST(Parallel, AllocationFailureReleasesThePartialResult) {
         [mode](LI_HEAD *head, Live &live) {
           uint16_t counter = 0;
           LI_TAB_STRUCT *out = nullptr;
-          const uint16_t status = FlParallel(head, live[0], kRight, 0.5, &out, 1, mode, &counter, 0);
+          const uint16_t status =
+              FlParallel(head, live[0], kRight, 0.5, &out, 1, mode, &counter, 0);
           EXPECT_EQ(out == nullptr, status != PA_OK);
           live.push_back(out);
           return status;
@@ -243,7 +258,8 @@ TEST(Parallel, AllocationFailureReleasesThePartialResult) {
 
 TEST(ConElemMoveOrDraw, AppendsTheElementAndANumberedConnector) {
   Store store;
-  const LI_TAB_STRUCT e1 = Line({0, 0}, {1, 0}), e2 = Line({1, 1}, {2, 1}), e3 = Line({1, 0}, {2, 0});
+  const LI_TAB_STRUCT e1 = Line({0, 0}, {1, 0}), e2 = Line({1, 1}, {2, 1}),
+                      e3 = Line({1, 0}, {2, 0});
   LI_TAB_STRUCT *out = nullptr;
   uint16_t counter = 7;
   ASSERT_EQ(FlConElemMoveOrDraw(store.get(), &e1, &e2, &out, &counter, 1), PA_OK);

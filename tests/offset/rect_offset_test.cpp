@@ -21,13 +21,19 @@ TEST(OffsVk, CornerPerDirectionSideAndEnd) {
     GE_POINT corner;
   } const cases[] = {
       // Along +x the start goes back and the end forward, on both sides.
-      {{1, 0}, 1, 0, {-1, 2}},    {{1, 0}, 1, 1, {1, 2}},
-      {{1, 0}, -1, 0, {-1, -2}},  {{1, 0}, -1, 1, {1, -2}},
-      {{0, 1}, 1, 0, {-1, -2}},   {{0, 1}, 1, 1, {-1, 2}},
-      {{-1, 0}, 1, 0, {1, -2}},   {{0, -1}, -1, 1, {-1, -2}},
+      {{1, 0}, 1, 0, {-1, 2}},
+      {{1, 0}, 1, 1, {1, 2}},
+      {{1, 0}, -1, 0, {-1, -2}},
+      {{1, 0}, -1, 1, {1, -2}},
+      {{0, 1}, 1, 0, {-1, -2}},
+      {{0, 1}, 1, 1, {-1, 2}},
+      {{-1, 0}, 1, 0, {1, -2}},
+      {{0, -1}, -1, 1, {-1, -2}},
       // Oblique directions: the corner furthest out on the side.
-      {{s, s}, 1, 0, {-1, 2}},    {{s, s}, -1, 1, {1, -2}},
-      {{-s, -s}, 1, 1, {1, -2}},  {{s, -s}, 7, 0, {1, 2}},  // any side but -1 is left
+      {{s, s}, 1, 0, {-1, 2}},
+      {{s, s}, -1, 1, {1, -2}},
+      {{-s, -s}, 1, 1, {1, -2}},
+      {{s, -s}, 7, 0, {1, 2}},  // any side but -1 is left
   };
   for (const Case &c : cases) {
     GE_POINT corner{};
@@ -58,7 +64,8 @@ TEST(OffsElem, LinesLengthenArcsTranslate) {
     LI_TAB_STRUCT arc = Arc({3, 0}, {0, 3}, {0, 0}, LI_ARC_CCW);
     ASSERT_EQ(FlOffsElem(&arc, 1, 2, side), PA_OK);
     EXPECT_TRUE(arc.mp == shift && arc.rad == 3);
-    EXPECT_TRUE(arc.ap == (GE_POINT{3 + shift.x, shift.y}) && arc.ep == (GE_POINT{shift.x, 3 + shift.y}));
+    EXPECT_TRUE(arc.ap == (GE_POINT{3 + shift.x, shift.y}) &&
+                arc.ep == (GE_POINT{shift.x, 3 + shift.y}));
   }
   // A half arc turns through two quadrants: refused, left as it was.
   LI_TAB_STRUCT half = Arc({3, 0}, {-3, 0}, {0, 0}, LI_ARC_CCW);
@@ -83,7 +90,9 @@ TEST(OffsSplit, CutsArcsAtAxisPoints) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {half}));
   ExpectCleanAllocationFailures(
       PA_NO_RECORD,
-      [](LI_HEAD *head) { return Live{Chain(head, {Arc({3, 0}, {-3, 0}, {0, 0}, LI_ARC_CCW)})}; },
+      [](LI_HEAD *head) {
+        return Live{Chain(head, {Arc({3, 0}, {-3, 0}, {0, 0}, LI_ARC_CCW)})};
+      },
       [](LI_HEAD *head, Live &live) { return FlOffsSplit(head, &live[0], 1, 0); });
 }
 
@@ -96,7 +105,8 @@ TEST(OffsKon, BridgesGapsOfTheRectangleWidth) {
     LI_TAB_STRUCT *k = Chain(store.get(), {Line({-1, 0}, {0, 0}), Line({2, 4}, {3, 4})});
     k->no = 5;
     ASSERT_EQ(FlOffsKon(store.get(), k, k->next, 1, 2, side), PA_OK);
-    EXPECT_EQ(Vertices(k), (Points{{-1, 0}, {0, 0}, {0, 0}, corner, corner, {2, 4}, {2, 4}, {3, 4}}));
+    EXPECT_EQ(Vertices(k),
+              (Points{{-1, 0}, {0, 0}, {0, 0}, corner, corner, {2, 4}, {2, 4}, {3, 4}}));
     EXPECT_TRUE(k->next->no == 5 && k->next->next->no == 5);
     LiRemove(store.get(), &k);
   }
@@ -112,8 +122,12 @@ TEST(OffsKon, BridgesGapsOfTheRectangleWidth) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {one, half}));
   ExpectCleanAllocationFailures(
       PA_NO_MEMORY,
-      [](LI_HEAD *head) { return Live{Chain(head, {Line({-1, 0}, {0, 0}), Line({2, 4}, {3, 4})})}; },
-      [](LI_HEAD *head, Live &live) { return FlOffsKon(head, live[0], live[0]->next, 1, 2, kLeft); });
+      [](LI_HEAD *head) {
+        return Live{Chain(head, {Line({-1, 0}, {0, 0}), Line({2, 4}, {3, 4})})};
+      },
+      [](LI_HEAD *head, Live &live) {
+        return FlOffsKon(head, live[0], live[0]->next, 1, 2, kLeft);
+      });
 }
 
 TEST(OffAnf, CarriesOpenEndsOutNeverIn) {
@@ -139,7 +153,9 @@ TEST(OffAnf, CarriesOpenEndsOutNeverIn) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, arc}));
   ExpectCleanAllocationFailures(
       PA_NO_MEMORY,
-      [](LI_HEAD *head) { return Live{Chain(head, {Arc({1, 0}, {0, 1}, {0, 0}, LI_ARC_CCW)})}; },
+      [](LI_HEAD *head) {
+        return Live{Chain(head, {Arc({1, 0}, {0, 1}, {0, 0}, LI_ARC_CCW)})};
+      },
       [&left](LI_HEAD *head, Live &live) { return FlOffAnf(head, &live[0], &left, 0, 0); });
 }
 

@@ -38,8 +38,8 @@ double SegmentDistance(GE_POINT p, GE_POINT a, GE_POINT b) {
 
 double ArcDistance(GE_POINT p, const LI_TAB_STRUCT &e) {
   const double r = std::fabs(e.rad);
-  const double to_ends = std::min(std::hypot(p.x - e.ap.x, p.y - e.ap.y),
-                                  std::hypot(p.x - e.ep.x, p.y - e.ep.y));
+  const double to_ends =
+      std::min(std::hypot(p.x - e.ap.x, p.y - e.ap.y), std::hypot(p.x - e.ep.x, p.y - e.ep.y));
   const double a = std::atan2(p.y - e.mp.y, p.x - e.mp.x);
   double from_start = e.type == LI_ARC_CW ? StartAngle(e) - a : a - StartAngle(e);
   while (from_start < 0) from_start += 2 * kPi;
