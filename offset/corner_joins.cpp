@@ -136,7 +136,13 @@ uint16_t FlConElemIsect(const JoinArgs &a, LI_TAB_STRUCT &e1, LI_TAB_STRUCT &e2,
                         const LI_TAB_STRUCT *o1, const LI_TAB_STRUCT *o2, uint16_t select) {
   IsectPoint found[2]{};
   const uint16_t n = GeCross(&e1, &e2, &found[0], &found[1]);
-  if (n == 0) return SharpMode(g_corner_mode) ? FlConElemArc(a, e1, e2) : Move(a, e1, e2);
+  // No crossing at all: a round corner in the sharp modes, a gap in the
+  // gap mode (that mode adds nothing wherever neighbours do not cross on
+  // both), a move otherwise.
+  if (n == 0) {
+    if (SharpMode(g_corner_mode)) return FlConElemArc(a, e1, e2);
+    return g_corner_mode == FL_CORNER_GAP ? AppendOnly(a, e1) : Move(a, e1, e2);
+  }
   const IsectPoint &q = n == 2 && select == 1 ? found[1] : found[0];
   if ((q.pos1 >= GE_BEFORE || q.pos2 >= GE_BEFORE) && !AcceptedOffElement(q.pos1, q.pos2, o1, o2)) {
     return g_corner_mode == FL_CORNER_GAP ? AppendOnly(a, e1) : Move(a, e1, e2);

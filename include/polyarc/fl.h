@@ -492,19 +492,21 @@ POLYARC_EXTERN uint16_t FlOffAnf(LI_HEAD *head, LI_TAB_STRUCT **k, const GE_POIN
  * mode, which the call stores in one process-wide variable (shared by all
  * callers, not synchronised, and left set afterwards):
  *
- *   FL_CORNER_SHARP (0, and 4 alike): neighbours are trimmed or extended
- *     to their crossing, as a CAM programmer's sharp corners; where they
- *     do not meet at all (an arc and a line that part) an arc about the
- *     source corner bridges them; a crossing that lies off both elements
- *     the wrong way gets a move.
- *   FL_CORNER_ROUND (2): every corner that opens outwards on the offset
- *     side gets an arc of radius d about the source corner, a round
- *     corner; inner corners are trimmed to their crossing, and where that
- *     lies off an element a move bridges them.
- *   FL_CORNER_GAP (3): inner corners are trimmed, outer corners are left
- *     open (a gap in the result), and the final repair is skipped.
- *   Any other value: as FL_CORNER_ROUND without the round corners (moves
- *   where neighbours do not meet on both).
+ *   FL_CORNER_SHARP (0, and 4 alike): neighbours are trimmed to their
+ *     crossing, or extended to it when it lies beyond the first one's end
+ *     and before the second one's start (or just off one of them, where
+ *     the source elements meet): sharp corners, as a CAM programmer knows
+ *     them. Neighbours that do not cross at all (an arc and a line that
+ *     part) get an arc about the source corner; a crossing anywhere else
+ *     gets a move.
+ *   FL_CORNER_ROUND (2): every corner that opens on the offset side gets
+ *     an arc of radius d about the source corner, a round corner; the
+ *     other corners are trimmed to the crossing, and neighbours that do
+ *     not cross on both get a move.
+ *   FL_CORNER_GAP (3): neighbours that cross on both are trimmed; else
+ *     nothing is added, a gap is left open, and the final repair is
+ *     skipped.
+ *   Any other value: trimmed where neighbours cross on both, else a move.
  *
  * A path that turns straight back (a spike) gets a half circle in every
  * mode. Connectors (round-corner arcs, lines, moves) carry attr_val 0,
@@ -557,7 +559,7 @@ POLYARC_EXTERN uint16_t FlParallel(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16
                                    uint16_t *counter, uint16_t per_elem);
 
 /* The parallel offset with its self-crossing loops cut off, into *out
- * (set to null first). With examine set and k closed (LiTestClosed) the
+ * (set to null first; the caller owns it; k is not changed). With examine set and k closed (LiTestClosed) the
  * offset kind is outward (1: a counter-clockwise k offset to the right,
  * or a clockwise one to the left) or inward (2), and the result is closed;
  * otherwise the kind is open (3) and so is the result. Then:

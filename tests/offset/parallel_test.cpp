@@ -225,6 +225,34 @@ TEST(Parallel, OpenPathOfLinesAndArcsToBothSides) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {hook, spike, s.k}));
 }
 
+// A line, then a quarter arc turning right about (3, 0): offset to the
+// left by 0.6 the two never cross (the arc's offset circle, radius 0.4,
+// stays below the line's offset), and the mode decides the corner.
+TEST(Parallel, NeighboursThatDoNotCross) {
+  Store store;
+  LI_TAB_STRUCT *path =
+      Chain(store.get(), {Line({0, 0}, {2, 0}), Arc({2, 0}, {3, -1}, {3, 0}, LI_ARC_CCW)});
+  uint16_t counter = 0;
+  struct Case {
+    uint16_t mode;
+    int lines, moves, arcs;
+  } const cases[] = {{FL_CORNER_SHARP, 1, 0, 2},
+                     {FL_CORNER_ROUND, 1, 0, 2},
+                     {FL_CORNER_GAP, 1, 0, 1},
+                     {1, 1, 1, 1}};
+  for (const Case &c : cases) {
+    Result r = Offset(store.get(), path, kLeft, 0.6, c.mode, &counter, 0);
+    ASSERT_EQ(r.status, PA_OK);
+    const TypeCount n = CountTypes(r.k);
+    EXPECT_TRUE(n.lines == c.lines && n.moves == c.moves && n.arcs == c.arcs) << "mode " << c.mode;
+    if (n.arcs == 2) {
+      EXPECT_LT(OffsetDeviation(r.k, path, 0.6), 1e-12);
+    }
+    LiRemove(store.get(), &r.k);
+  }
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {path}));
+}
+
 // A circle drawn as an arc of almost a full turn and a line of 2.5e-4:
 // the repair judges by chords, yet the offset keeps the whole circle.
 TEST(Parallel, KeepsAnArcOfAlmostAFullTurn) {
