@@ -1,5 +1,4 @@
-// Independent checks of offset results: samples, distances, crossings and
-// winding computed here from the element fields, not by the library.
+// Independent checks of offset results.
 #include "support/offset_support.h"
 
 #include <algorithm>
@@ -11,79 +10,36 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-bool Coincide(GE_POINT a, GE_POINT b) { return std::hypot(a.x - b.x, a.y - b.y) < 1e-12; }
+bool IsArcType(const LI_TAB_STRUCT &e) { return e.type == LI_ARC_CW || e.type == LI_ARC_CCW; }
+double AngleAt(const LI_TAB_STRUCT &e, GE_POINT p) {
+  return std::atan2(p.y - e.mp.y, p.x - e.mp.x);
+}
 
-// Where an arc's ends really lie on its circle (an arc offset past its
-// centre may carry its source's end angles with a negative radius), and
-// the angle it sweeps from there in its sense of travel; 2 pi for a full
-// circle.
-double StartAngle(const LI_TAB_STRUCT &e) { return std::atan2(e.ap.y - e.mp.y, e.ap.x - e.mp.x); }
+// The angle swept from a to b in e's sense of travel, in [0, 2 pi).
+double SweepFrom(const LI_TAB_STRUCT &e, double a, double b) {
+  const double s = e.type == LI_ARC_CW ? a - b : b - a;
+  return s < 0 ? s + 2 * kPi : s;
+}
 
 double Sweep(const LI_TAB_STRUCT &e) {
-  if (Coincide(e.ap, e.ep)) return 2 * kPi;
-  const double a = StartAngle(e), b = std::atan2(e.ep.y - e.mp.y, e.ep.x - e.mp.x);
-  double s = e.type == LI_ARC_CW ? a - b : b - a;
-  if (s < 0) s += 2 * kPi;
-  return s;
+  if (std::hypot(e.ap.x - e.ep.x, e.ap.y - e.ep.y) < 1e-12) return 2 * kPi;
+  return SweepFrom(e, AngleAt(e, e.ap), AngleAt(e, e.ep));
 }
 
-bool IsArcType(const LI_TAB_STRUCT &e) { return e.type == LI_ARC_CW || e.type == LI_ARC_CCW; }
-
-double SegmentDistance(GE_POINT p, GE_POINT a, GE_POINT b) {
-  const double dx = b.x - a.x, dy = b.y - a.y, len2 = dx * dx + dy * dy;
-  double u = len2 > 0 ? ((p.x - a.x) * dx + (p.y - a.y) * dy) / len2 : 0.0;
-  u = std::clamp(u, 0.0, 1.0);
-  return std::hypot(p.x - a.x - u * dx, p.y - a.y - u * dy);
-}
-
-double ArcDistance(GE_POINT p, const LI_TAB_STRUCT &e) {
-  const double r = std::fabs(e.rad);
-  const double to_ends =
-      std::min(std::hypot(p.x - e.ap.x, p.y - e.ap.y), std::hypot(p.x - e.ep.x, p.y - e.ep.y));
-  const double a = std::atan2(p.y - e.mp.y, p.x - e.mp.x);
-  double from_start = e.type == LI_ARC_CW ? StartAngle(e) - a : a - StartAngle(e);
-  while (from_start < 0) from_start += 2 * kPi;
-  while (from_start >= 2 * kPi) from_start -= 2 * kPi;
-  if (from_start > Sweep(e)) return to_ends;
-  return std::fabs(std::hypot(p.x - e.mp.x, p.y - e.mp.y) - r);
-}
-
-double Orient(GE_POINT a, GE_POINT b, GE_POINT c) {
-  return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
-}
-
-bool ProperCross(GE_POINT a, GE_POINT b, GE_POINT c, GE_POINT d) {
-  const double eps = 1e-12;
-  const double o1 = Orient(a, b, c), o2 = Orient(a, b, d);
-  const double o3 = Orient(c, d, a), o4 = Orient(c, d, b);
-  return ((o1 > eps && o2 < -eps) || (o1 < -eps && o2 > eps)) &&
-         ((o3 > eps && o4 < -eps) || (o3 < -eps && o4 > eps));
-}
-
-}  // namespace
-
-Points Samples(const LI_TAB_STRUCT &e, double step) {
-  Points out;
-  if (!IsArcType(e)) {
-    const double len = std::hypot(e.ep.x - e.ap.x, e.ep.y - e.ap.y);
-    const int n = std::max(1, static_cast<int>(std::ceil(len / step)));
-    for (int i = 0; i <= n; ++i) {
-      const double u = static_cast<double>(i) / n;
-      out.push_back({e.ap.x + u * (e.ep.x - e.ap.x), e.ap.y + u * (e.ep.y - e.ap.y)});
-    }
-    return out;
+double Distance(GE_POINT p, const LI_TAB_STRUCT &e) {
+  const auto to = [p](GE_POINT q) { return std::hypot(p.x - q.x, p.y - q.y); };
+  if (IsArcType(e)) {
+    if (SweepFrom(e, AngleAt(e, e.ap), AngleAt(e, p)) > Sweep(e))
+      return std::min(to(e.ap), to(e.ep));
+    return std::fabs(to(e.mp) - std::fabs(e.rad));
   }
-  const double r = std::fabs(e.rad), sweep = Sweep(e);
-  const double sense = e.type == LI_ARC_CW ? -1.0 : 1.0;
-  const int n = std::max(1, static_cast<int>(std::ceil(sweep * r / step)));
-  for (int i = 0; i <= n; ++i) {
-    const double a = StartAngle(e) + sense * sweep * i / n;
-    out.push_back({e.mp.x + r * std::cos(a), e.mp.y + r * std::sin(a)});
-  }
-  return out;
+  const double dx = e.ep.x - e.ap.x, dy = e.ep.y - e.ap.y, len2 = dx * dx + dy * dy;
+  const double u =
+      len2 > 0 ? std::clamp(((p.x - e.ap.x) * dx + (p.y - e.ap.y) * dy) / len2, 0.0, 1.0) : 0.0;
+  return to({e.ap.x + u * dx, e.ap.y + u * dy});
 }
 
-Points ChordedPoints(LI_TAB_STRUCT *k, double step) {
+Points Chorded(LI_TAB_STRUCT *k, double step) {
   Points out;
   for (LI_TAB_STRUCT *e : Elements(k)) {
     const Points s = Samples(*e, step);
@@ -92,78 +48,80 @@ Points ChordedPoints(LI_TAB_STRUCT *k, double step) {
   return out;
 }
 
-double DistanceToContour(GE_POINT p, LI_TAB_STRUCT *k) {
-  double best = HUGE_VAL;
-  for (LI_TAB_STRUCT *e : Elements(k)) {
-    if (e->type == LI_MOVE) continue;
-    best = std::min(best, IsArcType(*e) ? ArcDistance(p, *e) : SegmentDistance(p, e->ap, e->ep));
+double Orient(GE_POINT a, GE_POINT b, GE_POINT c) {
+  return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+}
+
+bool Opposite(double a, double b) { return (a > 1e-12 && b < -1e-12) || (a < -1e-12 && b > 1e-12); }
+
+}  // namespace
+
+Points Samples(const LI_TAB_STRUCT &e, double step) {
+  const bool arc = IsArcType(e);
+  const double r = std::fabs(e.rad), sweep = arc ? Sweep(e) : 0.0;
+  const double len = arc ? sweep * r : std::hypot(e.ep.x - e.ap.x, e.ep.y - e.ap.y);
+  const int n = std::max(1, static_cast<int>(std::ceil(len / step)));
+  Points out;
+  for (int i = 0; i <= n; ++i) {
+    const double u = static_cast<double>(i) / n;
+    if (!arc) {
+      out.push_back({e.ap.x + u * (e.ep.x - e.ap.x), e.ap.y + u * (e.ep.y - e.ap.y)});
+      continue;
+    }
+    const double a = AngleAt(e, e.ap) + (e.type == LI_ARC_CW ? -u : u) * sweep;
+    out.push_back({e.mp.x + r * std::cos(a), e.mp.y + r * std::sin(a)});
   }
-  return best;
+  return out;
 }
 
 double OffsetDeviation(LI_TAB_STRUCT *result, LI_TAB_STRUCT *source, double d) {
   double worst = 0.0;
   for (LI_TAB_STRUCT *e : Elements(result)) {
-    for (GE_POINT p : Samples(*e, 0.01))
-      worst = std::max(worst, std::fabs(DistanceToContour(p, source) - d));
+    for (GE_POINT p : Samples(*e, 0.01)) {
+      double nearest = HUGE_VAL;
+      for (LI_TAB_STRUCT *s : Elements(source)) nearest = std::min(nearest, Distance(p, *s));
+      worst = std::max(worst, std::fabs(nearest - d));
+    }
   }
   return worst;
 }
 
 bool CrossesItself(LI_TAB_STRUCT *k) {
-  const Points p = ChordedPoints(k, 0.05);
-  const size_t n = p.size() - 1;  // chords p[i] -> p[i + 1]
+  const Points p = Chorded(k, 0.05);
+  const size_t n = p.size() - 1;  // chords p[i] -> p[i + 1]; neighbours share an end
   for (size_t i = 0; i < n; ++i) {
-    for (size_t j = i + 2; j < n; ++j) {
-      if (i == 0 && j == n - 1) continue;
-      if (ProperCross(p[i], p[i + 1], p[j], p[j + 1])) return true;
+    for (size_t j = i + 2; j < n && !(i == 0 && j == n - 1); ++j) {
+      if (Opposite(Orient(p[i], p[i + 1], p[j]), Orient(p[i], p[i + 1], p[j + 1])) &&
+          Opposite(Orient(p[j], p[j + 1], p[i]), Orient(p[j], p[j + 1], p[i + 1])))
+        return true;
     }
   }
   return false;
 }
 
 int Winding(LI_TAB_STRUCT *k, GE_POINT q) {
-  const Points p = ChordedPoints(k, 0.01);
+  const Points p = Chorded(k, 0.01);
   int w = 0;
   for (size_t i = 0; i + 1 < p.size(); ++i) {
-    const GE_POINT a = p[i], b = p[i + 1];
-    if (a.y <= q.y) {
-      if (b.y > q.y && Orient(a, b, q) > 0) ++w;
-    } else if (b.y <= q.y && Orient(a, b, q) < 0) {
-      --w;
-    }
+    if (p[i].y <= q.y && p[i + 1].y > q.y && Orient(p[i], p[i + 1], q) > 0) ++w;
+    if (p[i].y > q.y && p[i + 1].y <= q.y && Orient(p[i], p[i + 1], q) < 0) --w;
   }
   return w;
 }
 
-testing::AssertionResult VerticesNear(LI_TAB_STRUCT *k, const Points &want, double eps) {
-  const Points got = Vertices(k);
-  bool same = got.size() == want.size();
-  for (size_t i = 0; same && i < got.size(); ++i)
-    same = std::fabs(got[i].x - want[i].x) <= eps && std::fabs(got[i].y - want[i].y) <= eps;
-  if (same) return testing::AssertionSuccess();
-  testing::AssertionResult r = testing::AssertionFailure() << "vertices";
-  for (GE_POINT p : got) r << ' ' << p;
-  return r;
-}
-
-TypeCount CountTypes(LI_TAB_STRUCT *k) {
-  TypeCount c;
-  for (LI_TAB_STRUCT *e : Elements(k)) {
-    if (e->type == LI_LINE) ++c.lines;
-    if (e->type == LI_MOVE) ++c.moves;
-    if (IsArcType(*e)) ++c.arcs;
-  }
-  return c;
+int Count(LI_TAB_STRUCT *k, uint16_t type) {
+  int n = 0;
+  for (LI_TAB_STRUCT *e : Elements(k)) n += e->type == type || (type == LI_ARC_CW && IsArcType(*e));
+  return n;
 }
 
 LI_TAB_STRUCT *RandomStar(LI_HEAD *head, unsigned seed, int n, double rmin, double rmax,
                           double arc_share) {
   std::mt19937 rng(seed);
-  std::uniform_real_distribution<double> radius(rmin, rmax), jitter(-0.3, 0.3), unit(0.0, 1.0);
-  std::vector<GE_POINT> v;
+  std::uniform_real_distribution<double> radius(rmin, rmax), unit(0.0, 1.0);
+  Points v;
   for (int i = 0; i < n; ++i) {
-    const double a = 2 * kPi * (i + 0.5 + jitter(rng)) / n, r = radius(rng);
+    const double a = 2 * kPi * (i + 0.2 + 0.6 * unit(rng)) / n, r = radius(rng);
     v.push_back({r * std::cos(a), r * std::sin(a)});
   }
   LI_TAB_STRUCT *k = nullptr;
@@ -174,13 +132,13 @@ LI_TAB_STRUCT *RandomStar(LI_HEAD *head, unsigned seed, int n, double rmin, doub
       EXPECT_EQ(LiDraw(head, &k, &b), PA_OK);
       continue;
     }
-    // An arc sweeping phi from a to b, bulging out (counter-clockwise,
-    // centre on the left of a -> b) or in (clockwise, centre on the right).
+    // Sweeping phi: bulging out (counter-clockwise, centre left of a -> b)
+    // or in (clockwise, centre on the right).
     const double phi = 0.4 + 0.8 * unit(rng), len = std::hypot(b.x - a.x, b.y - a.y);
-    const double t = (len / 2) / std::tan(phi / 2), out = unit(rng) < 0.5 ? 1.0 : -1.0;
-    const GE_POINT left{-(b.y - a.y) / len, (b.x - a.x) / len};
-    const GE_POINT c{(a.x + b.x) / 2 + out * t * left.x, (a.y + b.y) / 2 + out * t * left.y};
-    EXPECT_EQ(LiArc(head, &k, &b, &c, out > 0 ? 0 : 1), PA_OK);
+    const double t = (unit(rng) < 0.5 ? 1 : -1) * (len / 2) / std::tan(phi / 2);
+    const GE_POINT c{(a.x + b.x) / 2 - t * (b.y - a.y) / len,
+                     (a.y + b.y) / 2 + t * (b.x - a.x) / len};
+    EXPECT_EQ(LiArc(head, &k, &b, &c, t > 0 ? 0 : 1), PA_OK);
   }
   return k;
 }
