@@ -206,19 +206,45 @@ POLYARC_EXTERN uint16_t LiNormPt(const LI_TAB_STRUCT *e, const GE_POINT *p, GE_P
 /* Results of LiPointInKont. */
 enum { LI_PT_ON = 0, LI_PT_INSIDE = 1, LI_PT_OUTSIDE = 65535 };
 
-/* Where p lies against the closed contour k, by the winding angle that k
- * sweeps round p (either orientation, arcs unsplit): LI_PT_ON within tol of
- * k, LI_PT_INSIDE, or LI_PT_OUTSIDE (also for a null k or p). */
+/* Where p lies against the closed contour k, by the angle that k turns
+ * round p (either orientation, arcs unsplit): LI_PT_ON within tol of k,
+ * LI_PT_INSIDE when the turn is at least pi in size, else LI_PT_OUTSIDE
+ * (also for a null k or p). A one-element full circle is decided by the
+ * distance from its centre. Otherwise the walk starts at k's first start
+ * point and takes each element's chord from where the previous counted
+ * element ended: consecutive lines with p on one side are merged into one
+ * straight run (a line that joins or starts a run moves the walk on to its
+ * end, so a row split into many pieces turns as the whole row); an arc
+ * adds its chord's turn and, when p lies between the arc and its chord,
+ * a full turn the other way; p on an arc's chord line between its ends
+ * adds pi in the arc's sense. Deliberately: elements whose chord is not
+ * longer than tol are skipped (a full circle inside a longer contour too),
+ * arcs with a negative radius count as their chord, moves count as lines,
+ * and a point on a line's carrier beyond the line is not on it. One pass
+ * over k. */
 POLYARC_EXTERN uint16_t LiPointInKont(const LI_TAB_STRUCT *k, const GE_POINT *p);
 
-/* 1 when every vertex of inner (and, for an open inner, its end point)
- * lies inside or on outer, else 0. Edges are not tested: an edge that
- * leaves outer between two inside vertices is not seen. */
+/* 1 when every vertex (start point) of inner, and for an open inner its
+ * end point, lies inside or on outer by LiPointInKont, else 0 (also for a
+ * null inner). Edges are not tested, deliberately: an edge that leaves
+ * outer between two inside vertices is not seen. The answers are
+ * LiPointInKont's; for a closed outer contour of two elements or more a
+ * tree of boxes over its chain answers each vertex that keeps 16
+ * tolerances (plus any gap or run of skipped elements before the nearest
+ * element) away from every element in logarithmic time, and only nearer
+ * vertices are walked. Without memory for the tree every vertex is
+ * walked. */
 POLYARC_EXTERN int LiKontInKont(const LI_TAB_STRUCT *inner, const LI_TAB_STRUCT *outer);
 
-/* 1 when inner lies inside (or on) outer, edges included: the box test,
- * the vertex test, then a point of every piece of inner between its
- * crossings with outer. The boxes are the contours' LiKontBox corners. */
+/* 1 when inner lies inside (or on) outer, edges included, else 0: 0 when
+ * the boxes (the contours' LiKontBox corners) do not nest within tol,
+ * then 0 when LiKontInKont is 0; then the crossings of inner with outer
+ * (FlCrossList(inner, outer), in inner's order) cut inner's crossed
+ * elements into pieces, and 0 when the point halfway along a piece (on an
+ * arc, halfway along it) lies outside outer, a point on the gap that
+ * closes an open outer counting as on it. A crossing list that cannot be
+ * made counts as no crossing (1); a crossing that FlSeekPt cannot place
+ * gives 0. Null arguments give 0. The list is always freed. */
 POLYARC_EXTERN int LiKontExactInKont(const LI_TAB_STRUCT *inner, const LI_TAB_STRUCT *outer,
                                      const GE_POINT *inner_min, const GE_POINT *inner_max,
                                      const GE_POINT *outer_min, const GE_POINT *outer_max);

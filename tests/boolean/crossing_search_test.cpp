@@ -1,88 +1,12 @@
 // The indexed crossing-list builders against the literal all-pairs loop on
 // random seeded contours: the same status and the same entries in the same
 // order, field for field.
-#include <algorithm>
-#include <cmath>
 #include <cstring>
-#include <random>
 
 #include "support/crossing_support.h"
 
 namespace polyarc_test {
 namespace {
-
-const double kTwoPi = 6.283185307179586;
-
-GE_POINT operator+(GE_POINT a, GE_POINT b) { return {a.x + b.x, a.y + b.y}; }
-
-class Shapes {
- public:
-  explicit Shapes(unsigned seed) : rng_(seed) {}
-
-  double Real(double lo, double hi) { return std::uniform_real_distribution<>(lo, hi)(rng_); }
-  int Int(int lo, int hi) { return std::uniform_int_distribution<>(lo, hi)(rng_); }
-  bool Chance(double p) { return Real(0, 1) < p; }
-
-  // n points round centre c at random radii: a star, or with wild radii
-  // and shuffled angles a contour that crosses itself.
-  std::vector<GE_POINT> Star(int n, GE_POINT c, double r0, double r1, bool shuffled) {
-    std::vector<double> angles;
-    for (int i = 0; i < n; ++i) angles.push_back(kTwoPi * (i + Real(0, 0.5)) / n);
-    if (shuffled) std::shuffle(angles.begin(), angles.end(), rng_);
-    std::vector<GE_POINT> p;
-    for (double t : angles) {
-      const double r = Real(r0, r1);
-      p.push_back({c.x + r * std::cos(t), c.y + r * std::sin(t)});
-    }
-    return p;
-  }
-
-  // A random walk on the integer grid 0..side, each step split into
-  // collinear pieces: shared vertices, overlaps and touches everywhere.
-  std::vector<GE_POINT> GridWalk(int n, int side) {
-    std::vector<GE_POINT> p{{double(Int(0, side)), double(Int(0, side))}};
-    while (int(p.size()) < n) {
-      const GE_POINT last = p.back();
-      const GE_POINT next{double(Int(0, side)), double(Int(0, side))};
-      if (next == last) continue;
-      const int pieces = Int(1, 3);
-      for (int k = 1; k <= pieces; ++k)
-        p.push_back({last.x + (next.x - last.x) * k / pieces, last.y + (next.y - last.y) * k / pieces});
-    }
-    return p;
-  }
-
-  // The closed chain through the points, some edges as arcs, some as
-  // moves, some ends pulled apart into gaps.
-  std::vector<LI_TAB_STRUCT> Edges(const std::vector<GE_POINT> &p, double arcs, double moves,
-                                   double gaps) {
-    std::vector<LI_TAB_STRUCT> e;
-    for (size_t i = 0; i < p.size(); ++i) {
-      GE_POINT from = p[i];
-      const GE_POINT to = p[(i + 1) % p.size()];
-      if (Chance(gaps)) from = from + GE_POINT{Real(-0.1, 0.1), Real(-0.1, 0.1)};
-      if (Chance(moves)) {
-        e.push_back(Move(from, to));
-      } else if (Chance(arcs)) {
-        e.push_back(Bulge(from, to));
-      } else {
-        e.push_back(Line(from, to));
-      }
-    }
-    return e;
-  }
-
- private:
-  // An arc from p to q whose centre lies on the chord's bisector.
-  LI_TAB_STRUCT Bulge(GE_POINT p, GE_POINT q) {
-    const GE_POINT m{(p.x + q.x) / 2, (p.y + q.y) / 2};
-    const GE_POINT n{-(q.y - p.y), q.x - p.x};
-    const double t = Real(-1.5, 1.5);
-    return Arc(p, q, {m.x + t * n.x, m.y + t * n.y}, Chance(0.5) ? LI_ARC_CW : LI_ARC_CCW);
-  }
-
-  std::mt19937 rng_;
-};
 
 testing::AssertionResult SameAsAllPairs(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b) {
   CrossList fast, slow;

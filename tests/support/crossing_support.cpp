@@ -23,6 +23,60 @@ LI_TAB_STRUCT Move(GE_POINT ap, GE_POINT ep) {
   return e;
 }
 
+std::vector<GE_POINT> Shapes::Star(int n, GE_POINT c, double r0, double r1, bool shuffled) {
+  const double two_pi = 6.283185307179586;
+  std::vector<double> angles;
+  for (int i = 0; i < n; ++i) angles.push_back(two_pi * (i + Real(0, 0.5)) / n);
+  if (shuffled) std::shuffle(angles.begin(), angles.end(), rng_);
+  std::vector<GE_POINT> p;
+  for (double t : angles) {
+    const double r = Real(r0, r1);
+    p.push_back({c.x + r * std::cos(t), c.y + r * std::sin(t)});
+  }
+  return p;
+}
+
+std::vector<GE_POINT> Shapes::GridWalk(int n, int side) {
+  std::vector<GE_POINT> p{{double(Int(0, side)), double(Int(0, side))}};
+  while (int(p.size()) < n) {
+    const GE_POINT last = p.back();
+    const GE_POINT next{double(Int(0, side)), double(Int(0, side))};
+    if (next == last) continue;
+    const int pieces = Int(1, 3);
+    for (int k = 1; k <= pieces; ++k) {
+      p.push_back({last.x + (next.x - last.x) * k / pieces,
+                   last.y + (next.y - last.y) * k / pieces});
+    }
+  }
+  return p;
+}
+
+std::vector<LI_TAB_STRUCT> Shapes::Edges(const std::vector<GE_POINT> &p, double arcs,
+                                         double moves, double gaps) {
+  std::vector<LI_TAB_STRUCT> e;
+  for (size_t i = 0; i < p.size(); ++i) {
+    GE_POINT from = p[i];
+    const GE_POINT to = p[(i + 1) % p.size()];
+    if (Chance(gaps)) from = {from.x + Real(-0.1, 0.1), from.y + Real(-0.1, 0.1)};
+    if (Chance(moves)) {
+      e.push_back(Move(from, to));
+    } else if (Chance(arcs)) {
+      e.push_back(Bulge(from, to));
+    } else {
+      e.push_back(Line(from, to));
+    }
+  }
+  return e;
+}
+
+// An arc from p to q whose centre lies on the chord's bisector.
+LI_TAB_STRUCT Shapes::Bulge(GE_POINT p, GE_POINT q) {
+  const GE_POINT m{(p.x + q.x) / 2, (p.y + q.y) / 2};
+  const GE_POINT n{-(q.y - p.y), q.x - p.x};
+  const double t = Real(-1.5, 1.5);
+  return Arc(p, q, {m.x + t * n.x, m.y + t * n.y}, Chance(0.5) ? LI_ARC_CW : LI_ARC_CCW);
+}
+
 testing::AssertionResult Near(GE_POINT got, GE_POINT want) {
   if (std::fabs(got.x - want.x) <= 1e-9 && std::fabs(got.y - want.y) <= 1e-9)
     return testing::AssertionSuccess();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <random>
 
 #include "polyarc/fl.h"
 #include "support/support.h"
@@ -17,6 +18,35 @@ LI_TAB_STRUCT *Chain(LI_HEAD *head, const std::vector<LI_TAB_STRUCT> &elements);
 
 // A move from ap to ep, expanded like a line (a bridging move).
 LI_TAB_STRUCT Move(GE_POINT ap, GE_POINT ep);
+
+// Random seeded contours for comparisons with reference computations.
+class Shapes {
+ public:
+  explicit Shapes(unsigned seed) : rng_(seed) {}
+
+  double Real(double lo, double hi) { return std::uniform_real_distribution<>(lo, hi)(rng_); }
+  int Int(int lo, int hi) { return std::uniform_int_distribution<>(lo, hi)(rng_); }
+  bool Chance(double p) { return Real(0, 1) < p; }
+
+  // n points round centre c at random radii: a star, or with shuffled
+  // angles a contour that crosses itself.
+  std::vector<GE_POINT> Star(int n, GE_POINT c, double r0, double r1, bool shuffled);
+
+  // A random walk on the integer grid 0..side, each step split into
+  // collinear pieces: shared vertices, overlaps and touches everywhere.
+  std::vector<GE_POINT> GridWalk(int n, int side);
+
+  // The closed chain through the points, some edges as arcs (bulging
+  // either way, either sense), some as moves, some starts pulled apart
+  // into gaps.
+  std::vector<LI_TAB_STRUCT> Edges(const std::vector<GE_POINT> &p, double arcs, double moves,
+                                   double gaps);
+
+ private:
+  LI_TAB_STRUCT Bulge(GE_POINT p, GE_POINT q);
+
+  std::mt19937 rng_;
+};
 
 // A crossing list held for one test and freed at its end.
 struct CrossList {

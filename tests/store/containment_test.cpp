@@ -1,0 +1,312 @@
+// Point in contour, contour in contour by vertices and exactly, the
+// answers of the contour tests against the point walk, and the JTS
+// point/area expectations.
+#include <cmath>
+#include <string>
+
+#include "support/containment_support.h"
+#include "support/crossing_support.h"
+
+namespace polyarc_test {
+namespace {
+
+const uint16_t kOn = LI_PT_ON, kIn = LI_PT_INSIDE, kOut = LI_PT_OUTSIDE;
+
+uint16_t Where(const LI_TAB_STRUCT *k, GE_POINT p) { return LiPointInKont(k, &p); }
+
+TEST(PointInKont, UnitSquaresOfBothOrientations) {
+  Store store;
+  LI_TAB_STRUCT *ccw = Polygon(store.get(), {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
+  LI_TAB_STRUCT *cw = Polygon(store.get(), {{0, 0}, {0, 1}, {1, 1}, {1, 0}});
+  const struct {
+    GE_POINT p;
+    uint16_t want;
+  } rows[] = {
+      {{0.5, 0.5}, kIn}, {{2, 0.5}, kOut}, {{1, 0.5}, kOn},  {{1, 1}, kOn},
+      {{0, 0}, kOn},     {{0.5, 0}, kOn},  {{-0.5, 0.5}, kOut}, {{0.5, 1.0001}, kOut},
+  };
+  for (LI_TAB_STRUCT *k : {ccw, cw}) {
+    for (const auto &row : rows) EXPECT_EQ(Where(k, row.p), row.want) << row.p;
+  }
+  EXPECT_EQ(Where(nullptr, {0.5, 0.5}), kOut);
+  EXPECT_EQ(LiPointInKont(ccw, nullptr), kOut);
+}
+
+TEST(PointInKont, FullCirclesOfBothSenses) {
+  Store store;
+  const GE_POINT o{0, 0};
+  for (const uint16_t dir : {uint16_t{2}, uint16_t{0}}) {
+    LI_TAB_STRUCT circle{};
+    ASSERT_EQ(LiCreateCircle(&o, 1, dir, &circle), PA_OK);
+    LI_TAB_STRUCT *k = Chain(store.get(), {circle});
+    EXPECT_EQ(Where(k, {0.5, 0}), kIn) << dir;
+    EXPECT_EQ(Where(k, {1, 0}), kOn) << dir;
+    EXPECT_EQ(Where(k, {0, -1}), kOn) << dir;
+    EXPECT_EQ(Where(k, {2, 0}), kOut) << dir;
+  }
+}
+
+TEST(PointInKont, DShapeCountsItsBulge) {
+  Store store;
+  const GE_POINT top{0, 1}, bottom{0, -1}, o{0, 0};
+  // The half circle through (1, 0) closed by the diameter, both ways round.
+  LI_TAB_STRUCT *cw = Chain(store.get(), {Line(bottom, top), Arc(top, bottom, o, LI_ARC_CW)});
+  LI_TAB_STRUCT *ccw = Chain(store.get(), {Line(top, bottom), Arc(bottom, top, o, LI_ARC_CCW)});
+  for (LI_TAB_STRUCT *k : {cw, ccw}) {
+    EXPECT_EQ(Where(k, {0.5, 0}), kIn);
+    EXPECT_EQ(Where(k, {0.9, 0.3}), kIn);
+    EXPECT_EQ(Where(k, {1.001, 0}), kOut);
+    EXPECT_EQ(Where(k, {std::sqrt(0.5), std::sqrt(0.5)}), kOn);
+    EXPECT_EQ(Where(k, {-0.5, 0}), kOut);
+  }
+  // A negative radius counts as the chord: nothing is inside.
+  cw->next->rad = -cw->next->rad;
+  EXPECT_EQ(Where(cw, {0.5, 0}), kOut);
+}
+
+TEST(PointInKont, ALongRowTurnsAsOneWhateverItsPieces) {
+  Store store;
+  for (const int pieces : {1, 10, 1000}) {
+    std::vector<LI_TAB_STRUCT> e;
+    for (int i = 0; i < pieces; ++i)
+      e.push_back(Line({10.0 * i / pieces, 0}, {10.0 * (i + 1) / pieces, 0}));
+    e.push_back(Line({10, 0}, {10, 1}));
+    e.push_back(Line({10, 1}, {0, 1}));
+    e.push_back(Line({0, 1}, {0, 0}));
+    LI_TAB_STRUCT *k = Chain(store.get(), e);
+    EXPECT_EQ(Where(k, {5.05, 0.5}), kIn) << pieces;
+    EXPECT_EQ(Where(k, {5.05, 1e-3}), kIn) << pieces;
+    EXPECT_EQ(Where(k, {5.05, -1e-3}), kOut) << pieces;
+    EXPECT_EQ(Where(k, {5.05, -3}), kOut) << pieces;
+    EXPECT_EQ(Where(k, {5.05, 0}), kOn) << pieces;
+    // On the bottom row's carrier beyond its end.
+    EXPECT_EQ(Where(k, {12, 0}), kOut) << pieces;
+    EXPECT_EQ(Where(k, {-2, 0}), kOut) << pieces;
+  }
+}
+
+TEST(PointInKont, SkipsAFullCircleInsideALongerContourAndCountsMoves) {
+  Store store;
+  LI_TAB_STRUCT circle{};
+  const GE_POINT centre{1.25, 0};
+  ASSERT_EQ(LiCreateCircle(&centre, 0.25, 0, &circle), PA_OK);  // starts at (1.5, 0)
+  // The unit square with a loop round (1.25, 0) hung on its corner (1.5, 0)
+  // reached by a spur: the loop is skipped on purpose.
+  LI_TAB_STRUCT *k = Chain(store.get(), {Line({0, 0}, {1.5, 0}), circle, Line({1.5, 0}, {1, 0}),
+                                         Line({1, 0}, {1, 1}), Line({1, 1}, {0, 1}),
+                                         Line({0, 1}, {0, 0})});
+  EXPECT_EQ(Where(k, {1.25, 0.1}), kOut);
+  EXPECT_EQ(Where(k, {0.5, 0.5}), kIn);
+  LI_TAB_STRUCT *moved = Chain(store.get(), {Line({0, 0}, {1, 0}), Move({1, 0}, {1, 1}),
+                                             Line({1, 1}, {0, 1}), Line({0, 1}, {0, 0})});
+  EXPECT_EQ(Where(moved, {0.5, 0.5}), kIn);
+  EXPECT_EQ(Where(moved, {1, 0.5}), kOn);
+}
+
+TEST(KontInKont, VerticesOnly) {
+  Store store;
+  LI_TAB_STRUCT *big = Polygon(store.get(), {{0, 0}, {4, 0}, {4, 4}, {0, 4}});
+  LI_TAB_STRUCT *small = Polygon(store.get(), {{1, 1}, {2, 1}, {2, 2}, {1, 2}});
+  LI_TAB_STRUCT *sticking_out = Polygon(store.get(), {{3, 3}, {5, 3}, {5, 5}, {3, 5}});
+  LI_TAB_STRUCT *open_out = Polyline(store.get(), {{1, 1}, {2, 1}, {5, 1}});
+  LI_TAB_STRUCT *on_edge = Polygon(store.get(), {{0, 0}, {4, 0}, {2, 2}});
+  EXPECT_EQ(LiKontInKont(small, big), 1);
+  EXPECT_EQ(LiKontInKont(big, small), 0);
+  EXPECT_EQ(LiKontInKont(sticking_out, big), 0);
+  EXPECT_EQ(LiKontInKont(open_out, big), 0) << "the open end (5, 1) is outside";
+  EXPECT_EQ(LiKontInKont(on_edge, big), 1) << "vertices on the outer contour count";
+  EXPECT_EQ(LiKontInKont(big, big), 1);
+  EXPECT_EQ(LiKontInKont(nullptr, big), 0);
+  EXPECT_EQ(LiKontInKont(small, nullptr), 0);
+}
+
+int ExactIn(const LI_TAB_STRUCT *inner, const LI_TAB_STRUCT *outer) {
+  GE_POINT imin{}, imax{}, omin{}, omax{};
+  LiKontBox(inner, &imin, &imax);
+  LiKontBox(outer, &omin, &omax);
+  return LiKontExactInKont(inner, outer, &imin, &imax, &omin, &omax);
+}
+
+TEST(KontExactInKont, EdgesAndArcsBetweenInsideVertices) {
+  Store store;
+  // A C open to the right: the notch is 1 < x < 4, 1 < y < 3.
+  LI_TAB_STRUCT *c = Polygon(store.get(),
+                             {{0, 0}, {4, 0}, {4, 1}, {1, 1}, {1, 3}, {4, 3}, {4, 4}, {0, 4}});
+  LI_TAB_STRUCT *across = Polygon(store.get(), {{0.5, 0.5}, {3.5, 0.5}, {3.5, 3.5}, {0.5, 3.5}});
+  EXPECT_EQ(LiKontInKont(across, c), 1);
+  EXPECT_EQ(ExactIn(across, c), 0) << "its right edge crosses the notch";
+
+  LI_TAB_STRUCT *square = Polygon(store.get(), {{0, 0}, {4, 0}, {4, 4}, {0, 4}});
+  // Lines round (1, 1), (3, 1), (3, 3), (1, 3) with a counter-clockwise arc
+  // from (3, 1) to (3, 3): about (3.5, 2) it bulges out to x = 4.62,
+  // about (2.5, 2) only to x = 3.62.
+  for (const double cx : {3.5, 2.5}) {
+    LI_TAB_STRUCT *d = Chain(store.get(), {Line({1, 3}, {1, 1}), Line({1, 1}, {3, 1}),
+                                           Arc({3, 1}, {3, 3}, {cx, 2}, LI_ARC_CCW),
+                                           Line({3, 3}, {1, 3})});
+    EXPECT_EQ(LiKontInKont(d, square), 1) << cx;
+    EXPECT_EQ(ExactIn(d, square), cx == 2.5 ? 1 : 0) << cx;
+  }
+  EXPECT_EQ(ExactIn(square, square), 1) << "on counts as inside";
+  EXPECT_EQ(ExactIn(c, square), 1);
+  EXPECT_EQ(ExactIn(square, c), 0) << "by the boxes";
+  GE_POINT lo{}, hi{};
+  LiKontBox(square, &lo, &hi);
+  EXPECT_EQ(LiKontExactInKont(square, square, nullptr, &hi, &lo, &hi), 0);
+}
+
+// A contour holding only the point p, for asking the contour tests about
+// one point.
+LI_TAB_STRUCT *OnePoint(LI_HEAD *head, GE_POINT p) { return Chain(head, {Move(p, p)}); }
+
+// Points at and round the outer contour, at distances of 0 to 50
+// tolerances, and points anywhere in its box.
+std::vector<GE_POINT> Probes(Shapes &s, LI_TAB_STRUCT *k, int count) {
+  const auto e = Elements(k);
+  const double tol = GeEpsiGetTol();
+  const double steps[] = {0, 0.5, 1, 1.5, 3, 10, 15.9, 16.1, 20, 50};
+  std::vector<GE_POINT> p;
+  GE_POINT lo{}, hi{};
+  LiKontBox(k, &lo, &hi);
+  for (int i = 0; i < count; ++i) {
+    const LI_TAB_STRUCT *x = e[s.Int(0, int(e.size()) - 1)];
+    const double d = steps[s.Int(0, 9)] * tol * (s.Chance(0.5) ? 1 : -1);
+    const double angle = s.Real(0, 6.283185307179586);
+    const GE_POINT at = s.Chance(0.3) ? x->ap : LiElemPt(x, s.Real(0, 1));
+    if (s.Chance(0.5)) {
+      p.push_back({at.x + d * std::cos(angle), at.y + d * std::sin(angle)});
+    } else {
+      p.push_back({s.Real(lo.x - 0.2, hi.x + 0.2), s.Real(lo.y - 0.2, hi.y + 0.2)});
+    }
+  }
+  return p;
+}
+
+// After a random element: a drift of sub-tolerance lines that leaves a gap
+// to the next element, and a full circle hung on a vertex; the walk skips
+// both.
+void AddSkippedElements(Shapes &s, std::vector<LI_TAB_STRUCT> &e) {
+  const double tol = GeEpsiGetTol();
+  const size_t j = size_t(s.Int(0, int(e.size()) - 2));
+  GE_POINT at = e[j].ep;
+  const double angle = s.Real(0, 6.283185307179586);
+  std::vector<LI_TAB_STRUCT> drift;
+  for (int i = 0; i < 30; ++i) {
+    const GE_POINT next{at.x + 0.9 * tol * std::cos(angle), at.y + 0.9 * tol * std::sin(angle)};
+    drift.push_back(Line(at, next));
+    at = next;
+  }
+  LI_TAB_STRUCT circle{};
+  const GE_POINT centre{e[j].ep.x + 0.1, e[j].ep.y};
+  EXPECT_EQ(LiCreateCircle(&centre, 0.1, 0, &circle), PA_OK);
+  circle.ap = circle.ep = e[j].ep;
+  drift.insert(drift.begin(), circle);
+  e.insert(e.begin() + std::ptrdiff_t(j) + 1, drift.begin(), drift.end());
+}
+
+TEST(Containment, ContourTestsAgreeWithThePointWalkNearAndFar) {
+  int inside = 0, total = 0;
+  for (unsigned seed = 0; seed < 60; ++seed) {
+    Shapes s(500 + seed);
+    Store store;
+    const int n = s.Int(3, 300);
+    const auto points = seed % 3 == 0   ? s.GridWalk(n, 4)
+                        : seed % 3 == 1 ? s.Star(n, {0, 0}, 0.3, 1.5, seed % 2 == 0)
+                                        : s.Star(n, {0, 0}, 0.9, 1, false);
+    auto edges = s.Edges(points, 0.4, 0.05, 0);
+    if (seed % 4 == 3 && edges.size() > 2) AddSkippedElements(s, edges);
+    LI_TAB_STRUCT *outer = Chain(store.get(), edges);
+    for (const GE_POINT &p : Probes(s, outer, 150)) {
+      const int walk = Where(outer, p) != kOut ? 1 : 0;
+      LI_TAB_STRUCT *one = OnePoint(store.get(), p);
+      ASSERT_EQ(LiKontInKont(one, outer), walk) << "seed " << seed << " at " << p;
+      LiRemove(store.get(), &one);
+      inside += walk;
+      ++total;
+    }
+    // A whole inner contour: inside exactly when all its vertices are.
+    const auto inner = Elements(Chain(store.get(), s.Edges(s.Star(40, {0, 0}, 0, 1, false), 0, 0, 0)));
+    int all = 1;
+    for (const LI_TAB_STRUCT *x : inner) all &= Where(outer, x->ap) != kOut ? 1 : 0;
+    EXPECT_EQ(LiKontInKont(inner[0], outer), all) << "seed " << seed;
+  }
+  EXPECT_GT(inside, total / 10);
+  EXPECT_LT(inside, total * 9 / 10);
+}
+
+TEST(Containment, AGapWidensWhatCountsAsNear) {
+  // Regression: after the bottom edge the walk runs on along 40 steps of
+  // 7/8 tol (joining its straight run) to (10.546875, 0) and takes its
+  // chord to the right edge's end (10, 10) from there. A point on that
+  // chord, 30 tolerances right of the square, is on the contour for the
+  // walk: the contour test must walk it too.
+  ToleranceScope tol(1.0 / 64);
+  Store store;
+  std::vector<LI_TAB_STRUCT> e{Line({0, 0}, {10, 0})};
+  for (int i = 0; i < 40; ++i) e.push_back(Line({10 + i * 7.0 / 512, 0}, {10 + (i + 1) * 7.0 / 512, 0}));
+  for (const auto &line : {Line({10, 0}, {10, 10}), Line({10, 10}, {0, 10}), Line({0, 10}, {0, 0})})
+    e.push_back(line);
+  LI_TAB_STRUCT *k = Chain(store.get(), e);
+  const GE_POINT p{10.478515625, 1.25};
+  EXPECT_EQ(Where(k, p), kOn);
+  EXPECT_EQ(LiKontInKont(OnePoint(store.get(), p), k), 1);
+}
+
+TEST(Containment, WithoutMemoryTheContourTestsStillAnswer) {
+  Store store;
+  Shapes s(9);
+  LI_TAB_STRUCT *outer = Chain(store.get(), s.Edges(s.Star(100, {0, 0}, 0.5, 1, false), 0, 0, 0));
+  LI_TAB_STRUCT *inner = Chain(store.get(), s.Edges(s.Star(50, {0, 0}, 0.1, 0.4, false), 0, 0, 0));
+  EXPECT_EQ(ExactIn(inner, outer), 1);
+  const unsigned long blocks = MemTestLiveBlocks();
+  const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
+    failure.Arm();
+    const int in_vertices = LiKontInKont(inner, outer);
+    const int out_vertices = LiKontInKont(outer, inner);
+    failure.Disarm();
+    EXPECT_EQ(in_vertices, 1);
+    EXPECT_EQ(out_vertices, 0);
+    EXPECT_EQ(MemTestLiveBlocks(), blocks);
+  });
+  EXPECT_GT(failing, 3u);
+}
+
+// Where a point lies against the polygons of a corpus case: on any ring is
+// the boundary; inside a shell and in none of its holes is the interior.
+int Locate(LI_HEAD *head, const CorpusCase &c, GE_POINT p) {
+  std::vector<int> in_shell, in_hole;
+  bool on = false;
+  for (const CorpusRing &ring : c.rings) {
+    LI_TAB_STRUCT *k = Ring(head, ring.vertices);
+    const uint16_t r = Where(k, p);
+    LiRemove(head, &k);
+    on |= r == kOn;
+    if (r == kIn) (ring.hole ? in_hole : in_shell).push_back(ring.polygon);
+  }
+  if (on) return 0;
+  for (int polygon : in_shell) {
+    if (std::find(in_hole.begin(), in_hole.end(), polygon) == in_hole.end()) return 1;
+  }
+  return -1;
+}
+
+TEST(Containment, JtsPointAreaExpectations) {
+  const std::string file = __FILE__;
+  const std::string data = file.substr(0, file.rfind("/tests/")) + "/tests/data/corpus/";
+  const auto cases = ReadPointCases(data + "jts_relate_pip.txt");
+  Store store;
+  int points = 0, agree = 0;
+  for (const CorpusCase &c : cases) {
+    for (const CorpusPoint &point : c.points) {
+      ++points;
+      const int got = Locate(store.get(), c, point.p);
+      EXPECT_EQ(got, point.expected) << c.id << " at " << point.p;
+      agree += got == point.expected;
+    }
+  }
+  EXPECT_EQ(points, 27);
+  RecordProperty("agree", agree);
+}
+
+}  // namespace
+}  // namespace polyarc_test
