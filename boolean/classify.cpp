@@ -72,8 +72,8 @@ struct Sides {
   uint32_t out_rev = 0;  // B leaves along A against A's direction
 };
 
-// A folds back on itself at the crossing: B's halves lie opposite the side
-// to which A's fold opens, unless they run along A.
+// A folds back on itself at the crossing: B's halves count as lying on the
+// side opposite the fold's own, unless they run along A.
 Sides FoldBackSides(const GE_CROSS &c, const Tangents &t, int fold) {
   Sides s{-fold, -fold};
   if (Dot(t.b_in, t.a_in) > kAlongCosine && TanSideIsZero(c.elem_a, c.elem_b, 0)) {
@@ -166,7 +166,8 @@ class EntriesByElemA {
   EntriesByElemA(GE_CROSS *list, int16_t last) : list_(list), last_(last) {
     if (last < 1 || GrowBlock(order_, static_cast<size_t>(last) + 1, false) != PA_OK) return;
     for (int i = 0; i <= last; ++i) order_[i] = static_cast<int16_t>(i);
-    std::sort(order_, order_ + last + 1, [this](int16_t x, int16_t y) { return Before(x, y); });
+    std::sort(order_, order_ + last + 1,
+              [this](int16_t x, int16_t y) { return Before(list_[x].elem_a, x, list_[y].elem_a, y); });
   }
   EntriesByElemA(const EntriesByElemA &) = delete;
   EntriesByElemA &operator=(const EntriesByElemA &) = delete;
@@ -174,7 +175,7 @@ class EntriesByElemA {
     if (order_ != nullptr) FreeBlock(order_);
   }
 
-  // Calls visit(k) for every k > after whose elem_a is e, in increasing k.
+  // Calls visit on every entry k > after whose elem_a is e, in increasing k.
   template <class Visit>
   void ForEachLater(const LI_TAB_STRUCT *e, int after, Visit visit) const {
     if (order_ == nullptr) {
@@ -184,9 +185,7 @@ class EntriesByElemA {
       return;
     }
     const auto below = [this](int16_t x, std::pair<const LI_TAB_STRUCT *, int> key) {
-      const LI_TAB_STRUCT *ex = list_[x].elem_a;
-      if (ex != key.first) return std::less<const LI_TAB_STRUCT *>()(ex, key.first);
-      return x < key.second;
+      return Before(list_[x].elem_a, x, key.first, key.second);
     };
     const int16_t *const begin = order_;
     const int16_t *const end = order_ + last_ + 1;
@@ -195,9 +194,7 @@ class EntriesByElemA {
   }
 
  private:
-  bool Before(int16_t x, int16_t y) const {
-    const LI_TAB_STRUCT *ex = list_[x].elem_a;
-    const LI_TAB_STRUCT *ey = list_[y].elem_a;
+  static bool Before(const LI_TAB_STRUCT *ex, int x, const LI_TAB_STRUCT *ey, int y) {
     if (ex != ey) return std::less<const LI_TAB_STRUCT *>()(ex, ey);
     return x < y;
   }
