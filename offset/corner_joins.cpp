@@ -48,7 +48,7 @@ uint16_t AppendOnly(const JoinArgs &a, const LI_TAB_STRUCT &e1) {
 // one just off a single element when the source elements meet there.
 bool AcceptedOffElement(uint16_t c1, uint16_t c2, const LI_TAB_STRUCT *o1,
                         const LI_TAB_STRUCT *o2) {
-  if (!SharpMode(g_corner_mode)) return false;
+  if (!SharpMode(CornerMode())) return false;
   if (c1 == GE_BEYOND && c2 == GE_BEFORE) return true;
   const bool one_off = (c1 == GE_BEYOND && c2 == GE_INSIDE) || (c1 == GE_INSIDE && c2 == GE_BEFORE);
   return one_off && o1 != nullptr && o2 != nullptr && CoincidePerAxis(o1->ep, o2->ap, Tol());
@@ -140,12 +140,12 @@ uint16_t FlConElemIsect(const JoinArgs &a, LI_TAB_STRUCT &e1, LI_TAB_STRUCT &e2,
   // gap mode (that mode adds nothing wherever neighbours do not cross on
   // both), a move otherwise.
   if (n == 0) {
-    if (SharpMode(g_corner_mode)) return FlConElemArc(a, e1, e2);
-    return g_corner_mode == FL_CORNER_GAP ? AppendOnly(a, e1) : Move(a, e1, e2);
+    if (SharpMode(CornerMode())) return FlConElemArc(a, e1, e2);
+    return CornerMode() == FL_CORNER_GAP ? AppendOnly(a, e1) : Move(a, e1, e2);
   }
   const IsectPoint &q = n == 2 && select == 1 ? found[1] : found[0];
   if ((q.pos1 >= GE_BEFORE || q.pos2 >= GE_BEFORE) && !AcceptedOffElement(q.pos1, q.pos2, o1, o2)) {
-    return g_corner_mode == FL_CORNER_GAP ? AppendOnly(a, e1) : Move(a, e1, e2);
+    return CornerMode() == FL_CORNER_GAP ? AppendOnly(a, e1) : Move(a, e1, e2);
   }
   if (const uint16_t status = TrimTo(e1, e2, {q.x, q.y}, q.pos2); status != PA_OK) return status;
   return AppendOnly(a, e1);
@@ -164,7 +164,7 @@ uint16_t FlConElemCorner(const JoinArgs &a, const LI_TAB_STRUCT &o1, const LI_TA
   if (std::fabs(turn) < kParallelSine) return FlConElemReverse(at, e1, e2);
   // A corner that turns away from the offset side opens a gap outside it.
   const int16_t turn_sign = turn > 0.0 ? 1 : -1;
-  if (turn_sign == -at.side && g_corner_mode == FL_CORNER_ROUND) return FlConElemArc(at, e1, e2);
+  if (turn_sign == -at.side && CornerMode() == FL_CORNER_ROUND) return FlConElemArc(at, e1, e2);
   uint16_t select = 0, touch = 0;
   if (const uint16_t status = GeElemIsectTest(&o1, &o2, &select, &touch); status != PA_OK)
     return status;

@@ -406,12 +406,18 @@ POLYARC_EXTERN uint16_t FlConic(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16_t 
                                 const double *dist, const void *unused, LI_TAB_STRUCT **out,
                                 uint32_t closed, uint16_t mode);
 
-/* FlConic followed by the loop clean-up: the conic offset with its
- * self-crossing loops cut off, as FlParallClean does for the parallel
- * offset (see there for the offset kinds and what is kept). pass is handed
- * to FlConic. The contour counts as closed only when closed is set and
- * LiTestClosed says so. Returns FlConic's and FlCleanKont's statuses, or
- * PA_INVALID when only collapsed end arcs remain of an open offset. */
+/* FlConic (sharp corners) followed by the loop clean-up: the conic offset
+ * of k (not changed) with its self-crossing loops cut off, into *out (set
+ * to null first; the caller owns it), as FlParallClean does for the
+ * parallel offset (see there for the offset kinds, what is kept, the
+ * orientation test and where a closed result starts); FlCleanKont runs
+ * with neighbourhood 0 and no short-element removal. pass is handed to
+ * FlConic. The contour counts as closed only when closed is set and
+ * LiTestClosed says so. Unlike the parallel offset's moves, the conic
+ * join's connecting lines take part in the crossings: an offset deeper
+ * than the contour allows can leave a loop made of them. Returns 0,
+ * PA_INVALID for a null k or dist or when only collapsed end arcs remain
+ * of an open offset, or the status of FlConic or FlCleanKont. */
 POLYARC_EXTERN uint16_t FlConicClean(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16_t side,
                                      const double *dist, const void *pass, LI_TAB_STRUCT **out,
                                      int32_t closed);
