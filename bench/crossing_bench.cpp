@@ -114,9 +114,9 @@ BENCHMARK(BM_LiKontExactInKont)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchm
 // compare with; without it this part is left out. Its rescaling code trips
 // GCC's maybe-uninitialized analysis.
 #if __has_include(<boost/geometry.hpp>)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#include <boost/geometry.hpp>
+#  pragma GCC diagnostic push
+#  pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#  include <boost/geometry.hpp>
 
 namespace {
 
@@ -147,5 +147,5 @@ void BM_BoostIntersection(benchmark::State &state) {
 BENCHMARK(BM_BoostIntersection)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-#pragma GCC diagnostic pop
+#  pragma GCC diagnostic pop
 #endif

@@ -51,7 +51,8 @@ uint32_t GridCoordinate(double v, double lo, double span) {
 }
 
 // The items with finite boxes, as (curve position << 32 | item), sorted.
-BlockVector<uint64_t> CurveOrder(const BlockVector<GE_BOX> &boxes, BlockVector<uint32_t> &unplaced) {
+BlockVector<uint64_t> CurveOrder(const BlockVector<GE_BOX> &boxes,
+                                 BlockVector<uint32_t> &unplaced) {
   double lo_x = HUGE_VAL, lo_y = HUGE_VAL, hi_x = -HUGE_VAL, hi_y = -HUGE_VAL;
   for (uint32_t i = 0; i < boxes.size(); ++i) {
     const GE_BOX &b = boxes[i];

@@ -86,8 +86,7 @@ double PositionAlong(const LI_TAB_STRUCT &a, double par) {
 
 double ToleranceAlong(const LI_TAB_STRUCT &a, double tol) { return IsLine(a) ? tol : tol / a.rad; }
 
-bool ElementRun::NothingAtOrBeyond(const LI_TAB_STRUCT &a, const IsectPoint &pt,
-                                   double tol) const {
+bool ElementRun::NothingAtOrBeyond(const LI_TAB_STRUCT &a, const IsectPoint &pt, double tol) const {
   if (empty_) return true;
   if (PositionAlong(a, pt.par1) < farthest_ - ToleranceAlong(a, tol)) return false;
   return pt.x - points_.xmax >= tol || points_.xmin - pt.x >= tol || pt.y - points_.ymax >= tol ||
@@ -157,8 +156,7 @@ uint16_t CrossPair(CrossListRef ref, int16_t first, LI_TAB_STRUCT *a, LI_TAB_STR
 using namespace polyarc;
 
 extern "C" uint16_t FlNewCross(GE_CROSS **list, uint16_t *capacity, int16_t *last, int16_t first,
-                               const IsectPoint *pt, LI_TAB_STRUCT *elem_a,
-                               LI_TAB_STRUCT *elem_b) {
+                               const IsectPoint *pt, LI_TAB_STRUCT *elem_a, LI_TAB_STRUCT *elem_b) {
   if (list == nullptr || capacity == nullptr || last == nullptr || pt == nullptr ||
       elem_a == nullptr || elem_b == nullptr)
     return PA_INVALID;

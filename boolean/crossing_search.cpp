@@ -11,12 +11,14 @@
 #include "boolean/crossing_list.h"
 #include "geom/predicates.h"
 #include "polyarc/fl.h"
+#include "polyarc/li.h"
 
 namespace polyarc {
 namespace {
 
 BlockVector<LI_TAB_STRUCT *> Number(LI_TAB_STRUCT *k) {
   BlockVector<LI_TAB_STRUCT *> all;
+  all.reserve(LiCountElem(k));
   LI_TAB_STRUCT *e = k;
   do {
     all.push_back(e);
@@ -27,6 +29,7 @@ BlockVector<LI_TAB_STRUCT *> Number(LI_TAB_STRUCT *k) {
 
 BlockVector<uint32_t> NonMoves(const BlockVector<LI_TAB_STRUCT *> &all) {
   BlockVector<uint32_t> out;
+  out.reserve(all.size());
   for (uint32_t i = 0; i < all.size(); ++i)
     if (all[i]->type != LI_MOVE) out.push_back(i);
   return out;
@@ -87,8 +90,7 @@ uint16_t CrossAll(LI_TAB_STRUCT *a, const NumberedChain &b, CrossListRef ref) {
     if (ea->type != LI_MOVE) {
       const int16_t first = static_cast<int16_t>(ref.last + 1);
       b.Candidates(WidenedBox(ea->box, tol), candidates);
-      if (const uint16_t st = CrossWith(ea, b, candidates, first, ref, tol); st != PA_OK)
-        return st;
+      if (const uint16_t st = CrossWith(ea, b, candidates, first, ref, tol); st != PA_OK) return st;
     }
     ea = ea->next;
   } while (ea != a);
@@ -212,8 +214,7 @@ extern "C" uint16_t FlCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **l
   }
 }
 
-extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t *last,
-                                      int16_t n) {
+extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t *last, int16_t n) {
   if (list == nullptr || last == nullptr) return PA_INVALID;
   *last = FL_EMPTY;
   if (k == nullptr) return PA_OK;
@@ -221,8 +222,7 @@ extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t
   const CrossListRef ref{*list, capacity, *last};
   try {
     const NumberedChain chain(k);
-    return n > 0 ? CrossNeighbours(chain, static_cast<uint32_t>(n), ref)
-                 : CrossAll(k, chain, ref);
+    return n > 0 ? CrossNeighbours(chain, static_cast<uint32_t>(n), ref) : CrossAll(k, chain, ref);
   } catch (const std::bad_alloc &) {
     return PA_NO_MEMORY;
   }

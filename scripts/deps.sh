@@ -1,18 +1,21 @@
 # Sourced by scripts/test and scripts/demo: installs the build dependencies
-# that are missing (cmake, a C++ compiler; for the tests GoogleTest and the
-# Boost headers, whose Boost.Geometry checks the Boolean operations) with
-# apt-get when running as root on Debian; otherwise says what to install.
+# that are missing (cmake, a C++ compiler; for the tests GoogleTest, the
+# Boost headers, whose Boost.Geometry checks the Boolean operations, and the
+# tools that the install, package and picture tests use) with apt-get when
+# running as root on Debian; otherwise says what to install.
 polyarc_missing_deps() {
   local missing=()
   command -v cmake >/dev/null 2>&1 || missing+=(cmake)
   command -v g++ >/dev/null 2>&1 || missing+=(g++)
   command -v make >/dev/null 2>&1 || missing+=(make)
   command -v nm >/dev/null 2>&1 || missing+=(binutils)
-  if [ "${1:-}" = tests ] && [ ! -f /usr/include/gtest/gtest.h ]; then
-    missing+=(libgtest-dev)
-  fi
-  if [ "${1:-}" = tests ] && [ ! -f /usr/include/boost/geometry.hpp ]; then
-    missing+=(libboost-dev)
+  if [ "${1:-}" = tests ]; then
+    [ -f /usr/include/gtest/gtest.h ] || missing+=(libgtest-dev)
+    command -v pkg-config >/dev/null 2>&1 || missing+=(pkg-config)
+    command -v rsvg-convert >/dev/null 2>&1 || missing+=(librsvg2-bin)
+    command -v dpkg-shlibdeps >/dev/null 2>&1 || missing+=(dpkg-dev)
+    command -v file >/dev/null 2>&1 || missing+=(file)
+    [ -f /usr/include/boost/geometry.hpp ] || missing+=(libboost-dev)
   fi
   echo "${missing[@]}"
 }

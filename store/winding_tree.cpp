@@ -21,9 +21,11 @@
 // within about 1e7 tolerances of the point.
 #include "store/winding_tree.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "geom/predicates.h"
+#include "polyarc/li.h"
 
 namespace polyarc {
 namespace {
@@ -66,6 +68,7 @@ WindingTree::WindingTree(const LI_TAB_STRUCT *k, double tol) : tol_(tol) {
 }
 
 void WindingTree::BuildLeaves(const LI_TAB_STRUCT *k) {
+  elems_.reserve(LiCountElem(k));
   const LI_TAB_STRUCT *e = k;
   do {
     elems_.push_back(e);
@@ -95,21 +98,31 @@ void WindingTree::BuildLeaves(const LI_TAB_STRUCT *k) {
   }
 }
 
+// Where element i can matter to a point: its ends, its chord and an arc's
+// circle, widened by its clearance.
+GE_BOX WindingTree::Reach(uint32_t i) const {
+  const LI_TAB_STRUCT &e = *elems_[i];
+  GE_BOX box = Including(Including(kEmptyBox, e.ap), e.ep);
+  if (counted_[i]) {
+    box = Including(box, from_[i]);
+    const double r = std::fabs(e.rad);
+    if (!IsLine(e)) box = Union(box, {e.mp.x - r, e.mp.y - r, e.mp.x + r, e.mp.y + r});
+  }
+  const double w = reach_[i];
+  return {box.xmin - w, box.ymin - w, box.xmax + w, box.ymax + w};
+}
+
 void WindingTree::BuildNodes() {
   const uint32_t n = static_cast<uint32_t>(elems_.size());
-  while (size_ < n) size_ *= 2;
+  while (size_ * kBucket < n) size_ *= 2;
   nodes_.assign(2 * size_, Node{kEmptyBox, -1, -1});
   for (uint32_t i = 0; i < n; ++i) {
-    const LI_TAB_STRUCT &e = *elems_[i];
-    GE_BOX box = Including(Including(kEmptyBox, e.ap), e.ep);
+    Node &leaf = nodes_[size_ + i / kBucket];
+    leaf.box = Union(leaf.box, Reach(i));
     if (counted_[i]) {
-      box = Including(box, from_[i]);
-      const double r = std::fabs(e.rad);
-      if (!IsLine(e)) box = Union(box, {e.mp.x - r, e.mp.y - r, e.mp.x + r, e.mp.y + r});
+      if (leaf.first < 0) leaf.first = int32_t(i);
+      leaf.last = int32_t(i);
     }
-    const double w = reach_[i];
-    const int32_t self = counted_[i] ? int32_t(i) : -1;
-    nodes_[size_ + i] = {{box.xmin - w, box.ymin - w, box.xmax + w, box.ymax + w}, self, self};
   }
   for (uint32_t j = size_ - 1; j >= 1; --j) {
     const Node &l = nodes_[2 * j], &r = nodes_[2 * j + 1];
@@ -159,9 +172,11 @@ WindingTree::Answer WindingTree::Locate(GE_POINT p) const {
     if (!Holds(n.box, p)) {
       if (n.first >= 0) turn += ChainTurn(n, p);
     } else if (j >= size_) {
-      const uint32_t i = j - size_;
-      if (NearLeaf(i, p)) return Answer::kNear;
-      if (counted_[i]) turn += LeafTurn(i, p);
+      const uint32_t end = std::min<uint32_t>((j - size_ + 1) * kBucket, uint32_t(elems_.size()));
+      for (uint32_t i = (j - size_) * kBucket; i < end; ++i) {
+        if (NearLeaf(i, p)) return Answer::kNear;
+        if (counted_[i]) turn += LeafTurn(i, p);
+      }
     } else {
       stack_.push_back(2 * j);
       stack_.push_back(2 * j + 1);

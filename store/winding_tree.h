@@ -27,25 +27,29 @@ class WindingTree {
   Answer Locate(GE_POINT p) const;
 
  private:
+  // Elements per leaf of the tree.
+  static constexpr uint32_t kBucket = 8;
+
   struct Node {
-    GE_BOX box;     // every leaf's reach below, clearance included
+    GE_BOX box;     // the reach of every element below, clearance included
     int32_t first;  // first and last counted element below, -1 when none
     int32_t last;
   };
 
   void BuildLeaves(const LI_TAB_STRUCT *k);
   void BuildNodes();
+  GE_BOX Reach(uint32_t i) const;
   bool NearLeaf(uint32_t i, GE_POINT p) const;
   double LeafTurn(uint32_t i, GE_POINT p) const;
   double ChainTurn(const Node &n, GE_POINT p) const;
 
   double tol_;
-  uint32_t size_ = 1;  // leaves, a power of two
+  uint32_t size_ = 1;  // leaves of kBucket elements, a power of two
   BlockVector<const LI_TAB_STRUCT *> elems_;
   BlockVector<GE_POINT> from_;    // where the walk's chord to each element starts
   BlockVector<double> reach_;     // the clearance of each element
   BlockVector<uint8_t> counted_;  // 1 when the walk does not skip the element
-  BlockVector<Node> nodes_;       // 1-based heap order, leaves at size_ + i
+  BlockVector<Node> nodes_;       // 1-based heap order, leaf of element i at size_ + i / kBucket
   mutable BlockVector<uint32_t> stack_;
 };
 

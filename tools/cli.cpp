@@ -5,6 +5,7 @@
 
 #include "commands.h"
 #include "options.h"
+#include "polyarc/records.h"
 
 namespace polyarc_tool {
 namespace {
@@ -12,18 +13,15 @@ namespace {
 struct Command {
   const char *name;
   const char *summary;
-  const char *help;
+  std::string help;
   std::vector<OptionDef> options;
   int (*run)(const Options &options, std::ostream &out, std::ostream &err);
 };
 
-const char kOverview[] =
-    "polyarc: contours of lines and circular arcs, from the command line\n"
-    "\n"
+const char kUsage[] =
     "usage: polyarc COMMAND [OPTIONS] [FILE...]\n"
     "       polyarc COMMAND --help\n"
-    "\n"
-    "commands:\n";
+    "       polyarc --help | --version\n";
 
 const char kFormat[] =
     "\n"
@@ -34,37 +32,58 @@ const char kFormat[] =
     "block's first line makes it open. '#' starts a comment. '-' reads standard\n"
     "input.\n";
 
-const char kInfoHelp[] =
-    "usage: polyarc info [--json] FILE...\n"
+// The options that choose blocks, shared by info and render.
+const char kSelectionOptions[] =
+    "  --block N   only the N-th block of each file (1 for the first, as in the\n"
+    "              '#' column of info); repeat it for several blocks\n"
+    "  --case ID   only the blocks of the test corpus case ID (from its line\n"
+    "              'case ID | ...'); with --block, the chosen blocks of the case\n";
+
+const char kSelectionNote[] =
     "\n"
-    "Prints the measures of every contour in the files: its elements (lines,\n"
-    "arcs), whether it is closed, its orientation and signed area (counter-\n"
-    "clockwise positive; '-' for an open contour), its length and its bounding\n"
-    "box, in an aligned table.\n"
-    "\n"
-    "options:\n"
-    "  --json      the same as JSON, with numbers that read back exactly\n"
-    "  -h, --help  this text\n"
+    "With --block or --case the other blocks are skipped unread, so that an\n"
+    "error in them does not matter; a choice that finds no block in a file is\n"
+    "an error.\n";
+
+const char kExitStatus[] =
     "\n"
     "Exit status: 0 on success, 1 when a file cannot be read or is malformed\n"
-    "(the message gives the file and line; nothing is printed then), 2 for a\n"
-    "usage error.\n";
+    "(the message gives the file and line; nothing is printed then) or the\n"
+    "output cannot be written, 2 for a usage error.\n";
 
-const char kRenderHelp[] =
-    "usage: polyarc render FILE... -o OUT.svg [--marks] [--title TEXT] [--width PX]\n"
-    "\n"
-    "Draws the contours of the files into one SVG picture, each file in its own\n"
-    "colour, with a legend. Arcs are drawn as arcs, the y axis points up, and\n"
-    "the picture fits the contours' bounding box with a margin.\n"
-    "\n"
-    "options:\n"
-    "  -o, --output OUT.svg  where the picture goes ('-' for standard output)\n"
-    "  --marks               mark each contour's start point and direction\n"
-    "  --title TEXT          a title above the drawing\n"
-    "  --width PX            width of the picture in pixels (default 640)\n"
-    "  -h, --help            this text\n";
+const std::string kInfoHelp =
+    std::string(
+        "usage: polyarc info [--json] [--block N]... [--case ID] FILE...\n"
+        "\n"
+        "Prints the measures of every contour in the files: its elements (lines,\n"
+        "arcs), whether it is closed, its orientation and signed area (counter-\n"
+        "clockwise positive; '-' for an open contour), its length and its bounding\n"
+        "box, in an aligned table. The reader merges a vertex that lies within the\n"
+        "tolerance (on both axes) of the vertex before it, or, closing a contour, of\n"
+        "its first vertex: the 'merged' column counts them and the lines below the\n"
+        "table say which.\n"
+        "\n"
+        "options:\n"
+        "  --json      the same as JSON, with numbers that read back exactly\n") +
+    kSelectionOptions + "  -h, --help  this text\n" + kSelectionNote + kExitStatus;
 
-const char kDemoHelp[] =
+const std::string kRenderHelp =
+    std::string(
+        "usage: polyarc render FILE... -o OUT.svg [--marks] [--title TEXT] [--width PX]\n"
+        "                      [--block N]... [--case ID]\n"
+        "\n"
+        "Draws the contours of the files into one SVG picture, each file in its own\n"
+        "colour, with a legend. Arcs are drawn as arcs, the y axis points up, and\n"
+        "the picture fits the contours' bounding box with a margin.\n"
+        "\n"
+        "options:\n"
+        "  -o, --output OUT.svg  where the picture goes ('-' for standard output)\n"
+        "  --marks               mark each contour's start point and direction\n"
+        "  --title TEXT          a title above the drawing\n"
+        "  --width PX            width of the picture in pixels (default 640)\n") +
+    kSelectionOptions + "  -h, --help            this text\n" + kSelectionNote + kExitStatus;
+
+const std::string kDemoHelp = std::string(
     "usage: polyarc demo [-o DIR]\n"
     "\n"
     "Builds shapes with the library's own constructors (a rectangle, a rounded\n"
@@ -75,15 +94,27 @@ const char kDemoHelp[] =
     "options:\n"
     "  -o, --output DIR  the directory to write to (default: the current one;\n"
     "                    created when missing)\n"
-    "  -h, --help        this text\n";
+    "  -h, --help        this text\n"
+    "\n"
+    "Exit status: 0 on success, 1 when the library refuses an operation or the\n"
+    "files cannot be written, 2 for a usage error.\n");
 
 const std::vector<Command> &Commands() {
   static const std::vector<Command> commands = {
-      {"info", "measures of the contours in files", kInfoHelp, {{"json", 0, false}}, RunInfo},
+      {"info",
+       "measures of the contours in files",
+       kInfoHelp,
+       {{"json", 0, false}, {"block", 0, true}, {"case", 0, true}},
+       RunInfo},
       {"render",
        "draw contours into an SVG picture",
        kRenderHelp,
-       {{"output", 'o', true}, {"marks", 0, false}, {"title", 0, true}, {"width", 0, true}},
+       {{"output", 'o', true},
+        {"marks", 0, false},
+        {"title", 0, true},
+        {"width", 0, true},
+        {"block", 0, true},
+        {"case", 0, true}},
        RunRender},
       {"demo",
        "build shapes with the library, measure and draw them",
@@ -102,19 +133,26 @@ const Command *Find(const std::string &name) {
 }
 
 void PrintOverview(std::ostream &out) {
-  out << kOverview;
+  out << "polyarc: contours of lines and circular arcs, from the command line\n\n"
+      << kUsage << "\ncommands:\n";
   for (const Command &command : Commands()) {
     out << "  " << command.name << std::string(8 - std::string(command.name).size(), ' ')
         << command.summary << '\n';
   }
-  out << "\nRun 'polyarc COMMAND --help' for a command's options.\n" << kFormat;
+  out << "\n"
+         "options:\n"
+         "  -h, --help  this text\n"
+         "  --version   the version of the polyarc library\n"
+         "\n"
+         "Run 'polyarc COMMAND --help' for a command's options.\n"
+      << kFormat;
 }
 
 }  // namespace
 
 int RunCli(const std::vector<std::string> &args, std::ostream &out, std::ostream &err) {
   if (args.empty()) {
-    PrintOverview(err);
+    err << kUsage << "Run 'polyarc --help' for the commands.\n";
     return kExitUsage;
   }
   const std::string &first = args[0];
@@ -128,7 +166,7 @@ int RunCli(const std::vector<std::string> &args, std::ostream &out, std::ostream
     return kExitOk;
   }
   if (first == "--version") {
-    out << "polyarc " << POLYARC_VERSION << '\n';
+    out << "polyarc " << PaVersion() << '\n';
     return kExitOk;
   }
   const Command *command = Find(first);

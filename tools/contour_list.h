@@ -10,11 +10,22 @@
 
 namespace polyarc_tool {
 
+// A vertex line that the reader merged into an earlier vertex because the
+// two coincide within the tolerance: the contour passes through the
+// earlier vertex only.
+struct MergedVertex {
+  int line = 0;          // the merged vertex's line
+  int into = 0;          // the line of the vertex it was merged into
+  bool closing = false;  // a closed block's last vertex, merged into its first
+};
+
 // One contour and its origin in a text.
 struct Contour {
   LI_TAB_STRUCT *k = nullptr;
   std::string header;  // the block's keyword line ("shell 0", "open"), empty when none
   int line = 0;        // the block's first line in its text
+  int number = 0;      // the block's place among the text's blocks, from 1
+  std::vector<MergedVertex> merged;
 };
 
 // Owns its contours: they go back to the store (LiRemove) when the list is

@@ -1,13 +1,22 @@
-// The contour files that a subcommand reads, all into one store.
+// The contour files that a subcommand reads, all into one store, and the
+// options that choose their blocks.
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "contour_list.h"
+#include "options.h"
+#include "text_format.h"
 
 namespace polyarc_tool {
+
+// The blocks that --block N (repeatable) and --case ID choose. Returns
+// nullopt with a message in usage when a block number is not a whole
+// number from 1.
+std::optional<BlockChoice> ChosenBlocks(const Options &options, std::string &usage);
 
 // The store and, per file, its contours. The store is freed last.
 class InputFiles {
@@ -17,9 +26,9 @@ class InputFiles {
   InputFiles &operator=(const InputFiles &) = delete;
   ~InputFiles();
 
-  // Reads every file; each failure is reported to err as "polyarc:
-  // FILE:LINE: message". Returns true when all files were read.
-  bool Read(const std::vector<std::string> &paths, std::ostream &err);
+  // Reads the chosen blocks of every file; each failure is reported to err
+  // as "polyarc: FILE:LINE: message". Returns true when all files were read.
+  bool Read(const std::vector<std::string> &paths, const BlockChoice &choice, std::ostream &err);
 
   const std::vector<std::string> &paths() const { return paths_; }
   const std::vector<ContourList> &lists() const { return lists_; }

@@ -2,6 +2,7 @@
 #include "measures.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <ostream>
 
@@ -80,7 +81,8 @@ std::vector<std::string> MeasureCells(const Measures &m) {
 }
 
 std::string MeasureJsonMembers(const Measures &m) {
-  auto number = [](double x) { return FormatNumber(x); };
+  // JSON has no NaN or infinity.
+  auto number = [](double x) { return std::isfinite(x) ? FormatNumber(x) : "null"; };
   return "\"elements\": " + std::to_string(m.elements) + ", \"lines\": " + std::to_string(m.lines) +
          ", \"arcs\": " + std::to_string(m.arcs) +
          ", \"closed\": " + (m.closed ? "true" : "false") +

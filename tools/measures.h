@@ -51,7 +51,7 @@ std::vector<std::string> MeasureCells(const Measures &m);
 
 // The measures as the members of a JSON object (without the braces), with
 // numbers that read back exactly; area and orientation of an open contour
-// are null.
+// are null, and so is a number that is not finite.
 std::string MeasureJsonMembers(const Measures &m);
 
 // s as a JSON string literal, quotes included.

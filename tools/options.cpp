@@ -55,9 +55,9 @@ std::optional<Options> ParseOptions(const std::vector<std::string> &args,
       }
       options.flags.insert(def->name);
     } else if (is_long && equals != std::string::npos) {
-      options.values[def->name] = arg.substr(equals + 1);
+      options.values[def->name].push_back(arg.substr(equals + 1));
     } else if (i + 1 < args.size()) {
-      options.values[def->name] = args[++i];
+      options.values[def->name].push_back(args[++i]);
     } else {
       error = "option '--" + def->name + "' needs a value";
       return std::nullopt;

@@ -19,20 +19,26 @@ struct OptionDef {
 
 struct Options {
   std::vector<std::string> operands;
-  std::map<std::string, std::string> values;  // by long name
-  std::set<std::string> flags;                // by long name
-  bool help = false;                          // --help or -h was given
+  std::map<std::string, std::vector<std::string>> values;  // by long name, in order given
+  std::set<std::string> flags;                             // by long name
+  bool help = false;                                       // --help or -h was given
 
   bool Has(const std::string &name) const { return flags.count(name) || values.count(name); }
+  // The last value given, for options that take one.
   std::string Value(const std::string &name, const std::string &fallback = "") const {
     const auto it = values.find(name);
-    return it == values.end() ? fallback : it->second;
+    return it == values.end() ? fallback : it->second.back();
+  }
+  // Every value given, for options that may be repeated.
+  std::vector<std::string> Values(const std::string &name) const {
+    const auto it = values.find(name);
+    return it == values.end() ? std::vector<std::string>{} : it->second;
   }
 };
 
 // Parses args against the option definitions. Returns the options, or nullopt with a
 // message in error ("unknown option '--x'", "option '--output' needs a
-// value"). A repeated option keeps its last value.
+// value"). Every value of a repeated option is kept.
 std::optional<Options> ParseOptions(const std::vector<std::string> &args,
                                     const std::vector<OptionDef> &defs, std::string &error);
 

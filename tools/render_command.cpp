@@ -45,12 +45,13 @@ int RunRender(const Options &options, std::ostream &out, std::ostream &err) {
   if (options.Has("width") && !ParseWidth(options.Value("width"), svg_options.panel_width)) {
     usage = "--width needs a number of pixels from 100 to 10000";
   }
+  const auto choice = ChosenBlocks(options, usage);
   if (!usage.empty()) {
     err << "polyarc render: " << usage << " (see 'polyarc render --help')\n";
     return kExitUsage;
   }
   InputFiles files;
-  if (!files.Read(options.operands, err)) return kExitFailure;
+  if (!files.Read(options.operands, *choice, err)) return kExitFailure;
   const std::string svg = RenderSvg({Picture(files, options.Value("title"))}, svg_options);
   if (output == "-") {
     out << svg;

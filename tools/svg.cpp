@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <limits>
 
 #include "elements.h"
 #include "measures.h"
@@ -27,6 +29,7 @@ constexpr double kStartDot = 3.5;
 constexpr double kVertexDot = 2.4;
 constexpr double kArrowLength = 9;
 constexpr double kArrowHalfWidth = 3.5;
+constexpr double kFillStep = 0.5;  // how far a long fill's outline may stray
 
 constexpr const char *kPalette[] = {"#1f77b4", "#d62728", "#2ca02c", "#ff7f0e", "#9467bd",
                                     "#8c564b", "#e377c2", "#17becf", "#7f7f7f", "#bcbd22"};
@@ -63,27 +66,70 @@ std::string Xml(const std::string &s) {
   return out;
 }
 
-// A contour's path data ends with Z when it is closed.
-bool ClosedPath(const std::string &data) { return !data.empty() && data.back() == 'Z'; }
+// A contour is drawn closed (its path ends with Z, and it is filled) when
+// it has no move and every element joins the next.
+bool Closed(const LI_TAB_STRUCT *k) {
+  const LI_TAB_STRUCT *e = k;
+  do {
+    if (e->type == LI_MOVE || !JoinsNext(e)) return false;
+  } while ((e = e->next) != k);
+  return true;
+}
 
 // ---- Path data ---------------------------------------------------------------
 
+// How exactly path data follows the geometry. Exact: every element, and
+// numbers that read back exactly. Coarse: a line (or an arc of at most a
+// half turn) that ends nearer than step to the pen is left out, and
+// numbers are rounded to a twentieth of step, which keeps the outline
+// within step of the geometry and its numbers short.
+struct Detail {
+  double step = 0;  // 0: exact
+  int decimals = 0;
+
+  static Detail Coarse(double step) {
+    const double grain = std::pow(10.0, std::floor(std::log10(step / 20)));
+    return {step, std::max(0, static_cast<int>(-std::log10(grain) + 0.5))};
+  }
+  std::string Number(double x) const {
+    if (step == 0) return FormatNumber(x);
+    char buffer[400];
+    std::snprintf(buffer, sizeof buffer, "%.*f", decimals, x);
+    return std::strtod(buffer, nullptr) == 0 ? "0" : buffer;
+  }
+};
+
+// Writes path data into pieces: once a piece holds limit characters, the
+// next element starts a new one with an M to the pen's place.
 struct PathWriter {
   GE_POINT origin;
-  std::string data;
+  std::size_t limit = std::numeric_limits<std::size_t>::max();
+  Detail detail;
+  std::vector<std::string> pieces{std::string()};
+  GE_POINT pen{0, 0};
 
+  std::string &Data() { return pieces.back(); }
   void Point(GE_POINT p) {
-    data += ' ' + FormatNumber(p.x - origin.x) + ' ' + FormatNumber(p.y - origin.y);
+    Data() += ' ' + detail.Number(p.x - origin.x) + ' ' + detail.Number(p.y - origin.y);
+    pen = p;
   }
   void Command(const char *c, GE_POINT p) {
-    if (!data.empty()) data += ' ';
-    data += c;
+    if (!Data().empty()) Data() += ' ';
+    Data() += c;
     Point(p);
   }
   void Arc(double r, bool large, bool ccw, GE_POINT p) {
-    const std::string radius = FormatNumber(std::fabs(r));
-    data += " A " + radius + ' ' + radius + " 0 " + (large ? "1 " : "0 ") + (ccw ? "1" : "0");
+    const std::string radius = detail.Number(std::fabs(r));
+    Data() += " A " + radius + ' ' + radius + " 0 " + (large ? "1 " : "0 ") + (ccw ? "1" : "0");
     Point(p);
+  }
+  bool Near(GE_POINT p) const {
+    return detail.step > 0 && std::hypot(p.x - pen.x, p.y - pen.y) < detail.step;
+  }
+  void CutWhenFull() {
+    if (Data().size() < limit) return;
+    pieces.emplace_back();
+    Command("M", pen);
   }
 };
 
@@ -98,7 +144,45 @@ void ArcData(PathWriter &path, const LI_TAB_STRUCT *e) {
   }
   double sweep = ccw ? e->ang_ep - e->ang_ap : e->ang_ap - e->ang_ep;
   if (sweep < 0) sweep += kTwoPi;
+  if (sweep <= kPi && path.Near(e->ep)) return;  // within step of its chord
   path.Arc(e->rad, sweep > kPi, ccw, e->ep);
+}
+
+// The path data of k in pieces (see PathWriter). A closed contour ends with
+// Z only when it fits in one piece: Z would close the last piece alone.
+std::vector<std::string> PathPieces(const LI_TAB_STRUCT *k, GE_POINT origin, std::size_t limit,
+                                    Detail detail = {}) {
+  PathWriter path{origin, limit, detail};
+  if (k == nullptr) return path.pieces;
+  bool pen_down = false;
+  const LI_TAB_STRUCT *e = k;
+  do {
+    if (e->type == LI_MOVE) {
+      pen_down = false;
+      continue;
+    }
+    if (pen_down) path.CutWhenFull();
+    if (!pen_down || !JoinsNext(e->prev)) path.Command("M", e->ap);
+    if (IsArc(e)) {
+      ArcData(path, e);
+    } else if (!path.Near(e->ep)) {
+      path.Command("L", e->ep);
+    }
+    pen_down = true;
+  } while ((e = e->next) != k);
+  if (path.pieces.size() == 1 && Closed(k)) path.Data() += " Z";
+  return path.pieces;
+}
+
+// Adds a piece of path data to the last path, or starts a new path when
+// the last would grow beyond kSvgMaxPathData.
+void Pack(std::vector<std::string> &paths, std::string piece) {
+  if (piece.empty()) return;
+  if (paths.empty() || paths.back().size() + piece.size() >= kSvgMaxPathData) {
+    paths.push_back(std::move(piece));
+  } else {
+    paths.back() += ' ' + piece;
+  }
 }
 
 // ---- Fitting a drawing into its frame -------------------------------------
@@ -217,13 +301,42 @@ std::string Arrow(const LI_TAB_STRUCT *e, const View &view, const char *colour) 
          colour + "\"/>\n";
 }
 
+// The fill of the closed contours, even-odd so that holes stay empty. A
+// path cannot be cut without changing what it fills, so when the exact
+// outlines are too long for one path they are drawn to within kFillStep
+// pixels (hidden under the stroke), which bounds their length by the
+// outlines' length in pixels; an outline still too long (one that zigzags
+// at every pixel) is left unfilled.
+std::vector<std::string> Fills(const std::vector<const LI_TAB_STRUCT *> &closed, const View &view) {
+  const std::size_t whole = std::numeric_limits<std::size_t>::max();
+  std::vector<std::string> data;
+  std::size_t size = 0;
+  for (const LI_TAB_STRUCT *k : closed) {
+    data.push_back(PathPieces(k, view.origin, whole).front());
+    size += data.back().size() + 1;
+  }
+  if (size > kSvgMaxPathData) {
+    const Detail coarse = Detail::Coarse(view.World(kFillStep));
+    for (std::size_t i = 0; i < closed.size(); ++i) {
+      data[i] = PathPieces(closed[i], view.origin, whole, coarse).front();
+      if (data[i].size() > kSvgMaxPathData) data[i].clear();
+    }
+  }
+  std::vector<std::string> paths;
+  for (std::string &d : data) Pack(paths, std::move(d));
+  return paths;
+}
+
 std::string Layer(const SvgLayer &layer, const char *colour, const View &view, bool marks) {
-  std::string filled, all, extra;
+  std::vector<std::string> strokes;
+  std::vector<const LI_TAB_STRUCT *> closed;
+  std::string extra;
   for (const LI_TAB_STRUCT *k : layer.contours) {
     if (k == nullptr) continue;
-    const std::string data = SvgPathData(k, view.origin);
-    all += (all.empty() ? "" : " ") + data;
-    if (ClosedPath(data)) filled += (filled.empty() ? "" : " ") + data;
+    for (std::string &piece : PathPieces(k, view.origin, kSvgMaxPathData / 2)) {
+      Pack(strokes, std::move(piece));
+    }
+    if (Closed(k)) closed.push_back(k);
     const LI_TAB_STRUCT *e = k;
     do {
       if (layer.vertices && e->type != LI_MOVE) {
@@ -237,12 +350,14 @@ std::string Layer(const SvgLayer &layer, const char *colour, const View &view, b
     if (marks) extra += Circle(k->ap, view, kStartDot, colour);
   }
   std::string svg;
-  if (!filled.empty()) {
-    svg += "<path d=\"" + filled + "\" fill=\"" + colour +
+  for (const std::string &fill : Fills(closed, view)) {
+    svg += "<path d=\"" + fill + "\" fill=\"" + colour +
            "\" fill-opacity=\"0.12\" fill-rule=\"evenodd\" stroke=\"none\"/>\n";
   }
-  if (!all.empty()) {
-    svg += "<path d=\"" + all + "\" fill=\"none\" stroke=\"" + colour + "\" stroke-width=\"" +
+  // Round joins and caps: where a long outline is cut into several paths
+  // the cut looks like any other joint.
+  for (const std::string &stroke : strokes) {
+    svg += "<path d=\"" + stroke + "\" fill=\"none\" stroke=\"" + colour + "\" stroke-width=\"" +
            Px(view.World(kStroke)) + "\" stroke-linejoin=\"round\" stroke-linecap=\"round\"/>\n";
   }
   return svg + extra;
@@ -272,7 +387,7 @@ std::string Text(double x, double y, const std::string &text, const char *extra 
 // A layer is filled when it holds a closed contour; its swatch shows that.
 bool HasClosed(const SvgLayer &layer) {
   for (const LI_TAB_STRUCT *k : layer.contours) {
-    if (k != nullptr && ClosedPath(SvgPathData(k))) return true;
+    if (k != nullptr && Closed(k)) return true;
   }
   return false;
 }
@@ -354,29 +469,7 @@ std::string Panel(const SvgPanel &panel, const SvgOptions &options, const RowLay
 }  // namespace
 
 std::string SvgPathData(const LI_TAB_STRUCT *k, GE_POINT origin) {
-  PathWriter path{origin, ""};
-  if (k == nullptr) return "";
-  bool pen_down = false, gap = false;
-  const LI_TAB_STRUCT *e = k;
-  do {
-    if (e->type == LI_MOVE) {
-      pen_down = false;
-      gap = true;
-      continue;
-    }
-    if (!pen_down || !JoinsNext(e->prev)) {
-      gap = gap || pen_down;
-      path.Command("M", e->ap);
-    }
-    if (IsArc(e)) {
-      ArcData(path, e);
-    } else {
-      path.Command("L", e->ep);
-    }
-    pen_down = true;
-  } while ((e = e->next) != k);
-  if (!gap && pen_down && JoinsNext(k->prev)) path.data += " Z";
-  return path.data;
+  return PathPieces(k, origin, std::numeric_limits<std::size_t>::max()).front();
 }
 
 std::string RenderSvg(const std::vector<SvgPanel> &panels, const SvgOptions &options) {

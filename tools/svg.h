@@ -4,6 +4,7 @@
 // sized in pixels so that they read the same at any scale.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -38,7 +39,17 @@ struct SvgOptions {
 // is closed. Coordinates read back exactly.
 std::string SvgPathData(const LI_TAB_STRUCT *k, GE_POINT origin = {0, 0});
 
+// The longest path data that the picture puts in one path element, in
+// characters. Common readers fail on long paths (rsvg-convert on some of a
+// few hundred kilobytes among others), so a long outline is drawn as
+// several paths.
+constexpr std::size_t kSvgMaxPathData = 1 << 16;
+
 // A whole SVG document. A panel without contours shows an empty frame.
+// Every path element holds at most about kSvgMaxPathData characters of
+// path data: strokes are cut at element ends, and fills too long for that
+// are drawn to within half a pixel instead of exactly (or, when even that
+// is too long, left out).
 std::string RenderSvg(const std::vector<SvgPanel> &panels, const SvgOptions &options);
 
 }  // namespace polyarc_tool

@@ -44,7 +44,13 @@
  * FL_CROSS_STEP) would be needed; PA_NO_MEMORY when the list or the search
  * cannot get memory; PA_INVALID for a null list or last. On failure the
  * list keeps the entries made so far. A null a gives 0 and an empty list.
- * The contours are not changed. */
+ * The contours are not changed. The pairs come from a spatial index over
+ * b's element boxes, in b's chain order for each element of a, so the
+ * list is that of comparing every pair in time about n log n plus the
+ * pairs whose boxes meet; entering a crossing scans the entries of its
+ * element of a unless it lies beyond all of them, so many crossings on
+ * one element cost their number squared when they come against its
+ * direction. */
 POLYARC_EXTERN uint16_t FlCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **list,
                                     int16_t *last);
 
@@ -99,7 +105,9 @@ POLYARC_EXTERN uint16_t FlSeekPt(LI_TAB_STRUCT *start, const GE_POINT *p, LI_TAB
  * status of FlSeekPt (PA_IMPOSSIBLE) or of LiElemTeilen (PA_NO_RECORD, or
  * PA_ZERO_RADIUS after cutting an arc of radius below tol), stopping at
  * the first failure with the entries before it cut; PA_INVALID for null
- * arguments. */
+ * arguments. FlSeekPt walks back over the pieces already cut from an
+ * element, so the cuts of one element cost their number squared when its
+ * crossings come in the list against its direction. */
 POLYARC_EXTERN uint16_t FlSplitCross(LI_HEAD *head, GE_CROSS *list, int16_t last, uint32_t *flags,
                                      LI_TAB_STRUCT **a, LI_TAB_STRUCT **b);
 
@@ -467,70 +475,220 @@ POLYARC_EXTERN uint16_t FlBewDiffMaxKont(LI_HEAD *head, const LI_TAB_STRUCT *a,
                                          const LI_TAB_STRUCT *b, int32_t isect,
                                          LI_TAB_STRUCT **out);
 
-/* Appends the offset element e1 to *out and joins it to the next offset
- * element e2. The second and third arguments are ignored. */
+/* The conic (tapering) offset: every element is offset by a distance that
+ * runs linearly from its start to its end (LiConicElem), and neighbours
+ * are joined as the parallel offset's connectors do, with lines.
+ *
+ * FlConicJoin appends the offset element e1 to *out and joins it to the
+ * next offset element e2: with side 0, or when e1 ends where e2 starts,
+ * e1 alone; two lines that cross on both, or beyond e1's end and before
+ * e2's start, are trimmed or extended to their crossing; anything else is
+ * bridged by a connecting line (FlConElemMoveOrDraw with draw set). Its
+ * connecting lines carry number 0 (it has no connector counter). e1 and
+ * e2 are working copies that it may change. The second and third
+ * arguments are ignored. Returns 0 or PA_NO_MEMORY. */
 POLYARC_EXTERN uint16_t FlConicJoin(LI_HEAD *head, const void *unused1, const void *unused2,
                                     LI_TAB_STRUCT *e1, LI_TAB_STRUCT *e2, uint16_t side,
                                     LI_TAB_STRUCT **out);
 
-/* The conic offset of contour k: element i is offset from dist[2 i] at its
- * start to dist[2 i + 1] at its end (dist holds two doubles per element).
- * The fifth argument is ignored. */
+/* The conic offset of contour k (unchanged) to side (1 left, 65535 right)
+ * into *out (set to null first, not released): element i, counted from k
+ * along next, runs from dist[2 i] at its start to dist[2 i + 1] at its
+ * end, so dist holds two doubles per element. With closed set the last
+ * element is joined to the first as well. Sets the process-wide corner
+ * mode to mode (only FL_CORNER_GAP matters here: it skips the final
+ * LiKorrKont, which otherwise removes tiny elements and closes the
+ * joints). The fifth argument is ignored. Returns 0; PA_INVALID for a
+ * null k or dist or an empty result; PA_NO_MEMORY; the status of
+ * LiConicElem (PA_ZERO_LENGTH, PA_ZERO_RADIUS, PA_DEGENERATE when no arc
+ * passes through an arc's three offset points) or of LiKorrKont. On any
+ * failure the partial result is released and *out is null. */
 POLYARC_EXTERN uint16_t FlConic(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16_t side,
                                 const double *dist, const void *unused, LI_TAB_STRUCT **out,
                                 uint32_t closed, uint16_t mode);
 
-/* FlConic followed by the loop clean-up. */
+/* FlConic (sharp corners) followed by the loop clean-up: the conic offset
+ * of k (not changed) with its self-crossing loops cut off, into *out (set
+ * to null first; the caller owns it), as FlParallClean does for the
+ * parallel offset (see there for the offset kinds, what is kept, the
+ * orientation test and where a closed result starts); FlCleanKont runs
+ * with neighbourhood 0 and no short-element removal. pass is handed to
+ * FlConic. The contour counts as closed only when closed is set and
+ * LiTestClosed says so. Unlike the parallel offset's moves, the conic
+ * join's connecting lines take part in the crossings: an offset deeper
+ * than the contour allows can leave a loop made of them. Returns 0,
+ * PA_INVALID for a null k or dist or when only collapsed end arcs remain
+ * of an open offset, or the status of FlConic or FlCleanKont. */
 POLYARC_EXTERN uint16_t FlConicClean(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16_t side,
                                      const double *dist, const void *pass, LI_TAB_STRUCT **out,
                                      int32_t closed);
 
 /* ---- Rectangle offset ------------------------------------------------- */
 
-/* The corner of the rectangle of half-sides dx, dy by which a point with
- * direction dir moves to the given side; end selects the corner at
- * axis-parallel directions. Returns 0. */
+/* The rectangle offset moves every point of an element by the corner of an
+ * axis-aligned rectangle with half-sides dx, dy that lies furthest out on
+ * the chosen side (1 left of the direction of travel, 65535 or -1 right):
+ * the outline that a rectangular tool sweeps. The caller runs the steps:
+ * FlOffsSplit four times, with (yfactor, xfactor) = (1, 0), (0, 1),
+ * (-1, 0), (0, -1), so that no arc turns through more than a quadrant of
+ * directions; FlOffsElem on every element; FlOffsKon on every pair of
+ * neighbours (last and first too for a closed contour); FlOffAnf on the
+ * start and end of an open contour; then the loop clean-up (FlCleanKont)
+ * for the loops that inner corners leave. */
+
+/* The displacement for a point whose unit direction of travel is dir:
+ * the corner (+-dx, +-dy) on the given side (only -1 counts as right).
+ * Components are compared with tol / scale (the element's radius, or its
+ * length for lines). At an axis-parallel direction both sides take the
+ * corner that lengthens the element: end 0 for a start, 1 for an end (for
+ * a line to the right along +x: start (-dx, -dy), end (+dx, -dy)).
+ * Returns 0. */
 POLYARC_EXTERN uint16_t FlOffsVk(const GE_POINT *dir, double dx, double dy, int16_t side,
                                  GE_POINT *offset, int32_t end, double scale);
 
-/* Moves one element by its rectangle corners. Returns 0, PA_INVALID for an
- * arc that spans more than one quadrant of directions, or the status of
- * LiElemExpand. */
+/* Moves one element by its rectangle corners: each end by its own corner,
+ * an arc's centre with its end (its radius unchanged). Lines are
+ * lengthened at both ends, arcs when the offset runs towards their
+ * centre, moves never. Returns 0 (also for an element whose ends now
+ * coincide, left unexpanded), PA_INVALID for an arc whose two corners
+ * differ because it turns through more than a quadrant (the element is
+ * then unchanged; split it with FlOffsSplit first), or the status of
+ * LiElemExpand (the moved points stay). */
 POLYARC_EXTERN uint16_t FlOffsElem(LI_TAB_STRUCT *e, double dx, double dy, uint16_t side);
 
-/* Cuts every arc of the contour at its extreme point in the direction
- * (xfactor, yfactor). Returns the status of the last cut, 0 when none. */
+/* Cuts every arc of the contour *k at its point mp + rad (xfactor,
+ * yfactor) when that lies strictly inside it (LiElemTeilen; a new piece
+ * before the arc, which becomes *k when the arc was first). Returns the
+ * status of the last cut, 0 when none or for an empty contour; the walk
+ * stops at a failing cut. */
 POLYARC_EXTERN uint16_t FlOffsSplit(LI_HEAD *head, LI_TAB_STRUCT **k, int16_t yfactor,
                                     int16_t xfactor);
 
-/* Bridges the gap between two rectangle-offset neighbours e1 and e2 with
- * axis-parallel lines. Returns 0, PA_INVALID for a gap that is not 0 or
- * the rectangle's width, PA_NO_MEMORY or the status of LiElemExpand. */
+/* Bridges the gap from e1's end to e2's start (both already moved by
+ * FlOffsElem, e2 following e1) with lines chained after e1 that carry e1's
+ * payload and number: one line when only one gap component is at least
+ * tol, else two axis-parallel legs whose corner lies on the outer side
+ * for the given side. Each gap component must be 0 or the full width 2 dx
+ * (2 dy) within tol. The legs are never merged with e2. Returns 0 (also
+ * for e1 = e2 or no gap), PA_INVALID for any other gap (nothing added),
+ * PA_NO_MEMORY (a first leg already made stays), or the status of
+ * LiElemExpand. */
 POLYARC_EXTERN uint16_t FlOffsKon(LI_HEAD *head, LI_TAB_STRUCT *e1, LI_TAB_STRUCT *e2, double dx,
                                   double dy, uint16_t side);
 
-/* Carries the open start (at_start set) or end of the contour out to the
- * foot of target; never shortens it unless always is set. */
+/* Carries the open start (at_start set) or end of contour *k out to the
+ * foot of target on the end element's carrier: the end is only ever
+ * lengthened, never shortened, unless always is set. An arc end with an
+ * axis-parallel tangent whose foot lies off the arc gets a new tangent
+ * line there (made first at the start) that runs to the foot. The
+ * tolerance for axis-parallel is tol / rad when |rad| > tol, using rad as
+ * stored even for lines (where it is the carrier's distance from the
+ * origin), as this rule always has. Returns 0, PA_INVALID for an empty
+ * contour, PA_NO_MEMORY, PA_IMPOSSIBLE when target is an arc's centre, or
+ * the status of LiElemExpand. */
 POLYARC_EXTERN uint16_t FlOffAnf(LI_HEAD *head, LI_TAB_STRUCT **k, const GE_POINT *target,
                                  int32_t at_start, int32_t always);
 
 /* ---- Parallel offset -------------------------------------------------- */
 
-/* Appends a copy of e1 to *out and, when e1's end and e2's start differ,
- * a connector between them: a line when draw is set, else a move,
- * numbered by the incremented *counter. Returns 0 or PA_NO_MEMORY. */
+/* The parallel offset runs beside a contour at a fixed distance d, to the
+ * left (side 1) or right (side 65535, that is -1) of its direction of
+ * travel: each element is moved sideways (LiParElem; an arc's radius
+ * grows or shrinks by d, and goes negative when the offset passes its
+ * centre), and each corner between neighbours is joined in the corner
+ * mode, which the call stores in one process-wide variable (shared by all
+ * callers, not synchronised, and left set afterwards):
+ *
+ *   FL_CORNER_SHARP (0, and 4 alike): neighbours are trimmed to their
+ *     crossing, or extended to it when it lies beyond the first one's end
+ *     and before the second one's start (or just off one of them, where
+ *     the source elements meet): sharp corners, as a CAM programmer knows
+ *     them. Neighbours that do not cross at all (an arc and a line that
+ *     part) get an arc about the source corner; a crossing anywhere else
+ *     gets a move.
+ *   FL_CORNER_ROUND (2): every corner that opens on the offset side gets
+ *     an arc of radius d about the source corner, a round corner; the
+ *     other corners are trimmed to the crossing, and neighbours that do
+ *     not cross on both get a move.
+ *   FL_CORNER_GAP (3): neighbours that cross on both are trimmed; else
+ *     nothing is added, a gap is left open, and the final repair is
+ *     skipped.
+ *   Any other value: trimmed where neighbours cross on both, else a move.
+ *
+ * A path that turns straight back (a spike) gets a half circle in every
+ * mode. Connectors (round-corner arcs, lines, moves) carry attr_val 0,
+ * attr_id 0 and no = the caller's connector counter after incrementing
+ * it, so that a caller can tell them from the offsets of its numbered
+ * elements, which keep their number and payload. Moves (type 2) in a
+ * result mark places where the offset has no drawn connection. */
+enum {
+  FL_CORNER_SHARP = 0, /* trimmed or extended to the crossing */
+  FL_CORNER_ROUND = 2, /* an arc about the source corner */
+  FL_CORNER_GAP = 3    /* outer corners left open, no final repair */
+};
+
+/* FlParallClean without loop clean-up. */
+enum { FL_NO_CLEANUP = 65535 };
+
+/* Appends a copy of e1 to *out (LiInsertElem, so an e1 whose ends
+ * coincide is skipped) and, when e1's end and e2's start differ by tol or
+ * more in a coordinate, a connector between them: a line when draw is
+ * set, else a move, with attr_val 0, attr_id 0 and no = ++*counter.
+ * Returns 0 or PA_NO_MEMORY (a copy of e1 already appended stays). */
 POLYARC_EXTERN uint16_t FlConElemMoveOrDraw(LI_HEAD *head, const LI_TAB_STRUCT *e1,
                                             const LI_TAB_STRUCT *e2, LI_TAB_STRUCT **out,
                                             uint16_t *counter, int32_t draw);
 
-/* The contour at distance d beside k (side 1 left, 65535 right), its
- * corners joined in the corner mode; see the documentation of the corner
- * modes. *out must be empty and receives the result. */
+/* The raw parallel offset of contour k (unchanged) at distance d into *out
+ * (set to null first, not released), with corners joined in the corner
+ * mode (see above). With closed set the last element is joined to the
+ * first too and the result is closed; without it the result is open and
+ * runs from the first element's offset to the last's. With per_elem set
+ * every element is offset by its own attr_val instead (round corners
+ * still use d). A negative d offsets to the other side (the side is
+ * turned round, so round corners keep a positive radius). Side 0 or
+ * |d| < tol gives a copy of k. The result starts with the first element's
+ * offset and is finished, except in FL_CORNER_GAP, by LiKorrKont (tiny
+ * elements removed, joints closed, negative radii made positive); arcs
+ * that nearly close on themselves are first cut in two so that this
+ * repair, which judges elements by their chord, keeps them. A single-arc
+ * result keeps a negative radius when the offset passed its centre. The
+ * raw result may cross itself: FlParallClean cuts off those loops.
+ * A corner join that fails on degenerate geometry (an element trimmed to
+ * nothing) ends the walk along the contour without a status, by design:
+ * the corners joined so far are finished as the result. Returns 0;
+ * PA_INVALID for a null k or an empty result; PA_NO_MEMORY when the store
+ * runs out (also inside the walk); PA_NO_RECORD when the copy fails; or
+ * the status of LiKorrKont. On any failure the partial result is released
+ * and *out is null. */
 POLYARC_EXTERN uint16_t FlParallel(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16_t side, double d,
                                    LI_TAB_STRUCT **out, uint32_t closed, uint16_t mode,
                                    uint16_t *counter, uint16_t per_elem);
 
-/* FlParallel followed by the loop clean-up (n = 65535: none). */
+/* The parallel offset with its self-crossing loops cut off, into *out
+ * (set to null first; the caller owns it; k is not changed). With examine set and k closed (LiTestClosed) the
+ * offset kind is outward (1: a counter-clockwise k offset to the right,
+ * or a clockwise one to the left) or inward (2), and the result is closed;
+ * otherwise the kind is open (3) and so is the result. Then:
+ *  - FlParallel with the mode, counter and per_elem; an open result loses
+ *    arcs that collapsed (negative radius) at its ends;
+ *  - unless n is FL_NO_CLEANUP or |d| <= tol, FlCleanKont with the kind
+ *    as its cleaning mode, the neighbourhood width n and rem_short:
+ *    outward keeps the largest loop of the contour's orientation (holes
+ *    are dropped), inward keeps the first such loop (a contour that the
+ *    offset splits in two gives only one of them), open keeps the loop
+ *    that FlCleanKont's parity rule picks;
+ *  - a closed result starts at the element whose number is that of k's
+ *    first element (when there is one).
+ * When nothing crosses, a closed offset is kept only when its orientation
+ * is k's: an offset inwards deeper than the contour allows turns round
+ * (or, for a circle, passes its centre) and gives nothing, that is status
+ * 0 and a null *out, as when every loop has the wrong orientation. Arcs
+ * whose ends coincide within tol in a result of several elements (tiny
+ * arcs shrunk by the offset, which would read as full circles) are
+ * removed before the clean-up. Returns 0, PA_INVALID for a null k or when
+ * only collapsed end arcs remain, or the status of FlParallel or
+ * FlCleanKont (PA_NO_MEMORY or PA_NO_RECORD when the store runs out). */
 POLYARC_EXTERN uint16_t FlParallClean(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16_t side, double d,
                                       LI_TAB_STRUCT **out, uint16_t mode, uint16_t n,
                                       int32_t rem_short, int32_t examine, uint16_t *counter,
@@ -538,18 +696,41 @@ POLYARC_EXTERN uint16_t FlParallClean(LI_HEAD *head, const LI_TAB_STRUCT *k, uin
 
 /* ---- Limits and rotation ---------------------------------------------- */
 
-/* The extreme points of the contour along the unit direction dir, with the
- * numbers of their elements. Returns 0. */
+/* The extreme points of contour k along the unit direction dir: *min and
+ * *max receive the points where dir . p is smallest and largest, *min_no
+ * and *max_no their elements' numbers. Only element end points and the
+ * extreme points of arcs count (an open contour's very first start point
+ * is not examined); moves count by their end point. Ties keep the earlier
+ * element. All outputs are 0 for a null k. Returns 0. */
 POLYARC_EXTERN uint16_t FlKontLim(const LI_TAB_STRUCT *k, const GE_POINT *dir, GE_POINT *min,
                                   GE_POINT *max, uint16_t *min_no, uint16_t *max_no);
 
-/* The point of the contour whose direction of travel is angle, and its
- * element's number. Returns 0, or PA_IMPOSSIBLE when there is none. */
+/* The point of contour k where the direction of travel is angle: the
+ * start of an element whose start tangent has that direction, a corner
+ * that turns through it (from the previous element's end tangent to the
+ * element's start tangent, counter-clockwise with sense 0, else
+ * clockwise), or the point of an arc where its tangent has it (arcs read
+ * as counter-clockwise with sense 0, as clockwise otherwise). The last
+ * match along the chain wins, by design. *no receives its element's
+ * number and *pt the point. Returns 0, or PA_IMPOSSIBLE when nothing
+ * matched or k is null; since *no = 0 means no match, an element
+ * numbered 0 is never reported. */
 POLYARC_EXTERN uint16_t FlRotStart(const LI_TAB_STRUCT *k, double angle, int32_t sense,
                                    uint16_t *no, GE_POINT *pt);
 
-/* The outline that the chain from first traces when turned about centre
- * from the direction of ref up to angle; *out must be empty. */
+/* The outline that the chain from first traces when it is turned about
+ * centre, from the direction of ref (seen from centre) through angle:
+ * counter-clockwise with sense_a 0, clockwise otherwise; sense_b set
+ * follows the chain's arcs on their inner side. Element by element, every
+ * change of the chain's normal becomes an arc of radius |centre - ref|
+ * about the chain's point shifted by centre - ref (an arc of the chain an
+ * arc about its shifted centre), and lines are copied along, until the
+ * normal reaches the limit direction; the walk follows next past the end
+ * of the chain if need be. *out (set to null first) receives the outline
+ * and *last_no the number of the last element that turned it. Returns 0;
+ * PA_IMPOSSIBLE when a whole pass over the chain turns nothing, since the
+ * limit would never be reached; PA_NO_MEMORY or the status of
+ * LiElemExpand. On failure the outline is released. */
 POLYARC_EXTERN uint16_t FlRotLim(LI_HEAD *head, const LI_TAB_STRUCT *first, const GE_POINT *centre,
                                  const GE_POINT *ref, double angle, int32_t sense_a,
                                  int32_t sense_b, LI_TAB_STRUCT **out, uint16_t *last_no);

@@ -10,6 +10,13 @@
 #include <stddef.h>
 #include <stdint.h>
 
+/* The version of these headers. The build reads its own version from
+ * here; PaVersion gives the version of the library actually loaded. */
+#define POLYARC_VERSION_MAJOR 0
+#define POLYARC_VERSION_MINOR 1
+#define POLYARC_VERSION_PATCH 0
+#define POLYARC_VERSION_STRING "0.1.0"
+
 #if defined(_WIN32)
 #  if defined(POLYARC_BUILDING)
 #    define POLYARC_API __declspec(dllexport)
@@ -44,6 +51,17 @@ enum {
   PA_DEGENERATE = 3014,  /* degenerate three-point configuration */
   PA_PARTIAL = 3072      /* partial result */
 };
+
+/* The meaning of a status code as a short constant English text, for
+ * messages ("success", "out of memory, or an impossible construction or
+ * failed search" for 1005, which has both meanings). Unknown codes give
+ * "unknown status". Never null; the text is static and must not be freed. */
+POLYARC_EXTERN const char *PaStatusText(uint16_t status);
+
+/* The version of the loaded library, "MAJOR.MINOR.PATCH", as a static
+ * string. Compare it with POLYARC_VERSION_STRING to detect a mismatch
+ * between the headers a program was built with and the library it runs. */
+POLYARC_EXTERN const char *PaVersion(void);
 
 /* Element types. 19 and 20 appear only as full-circle codes of the arc
  * construction and arc-to-lines functions. */

@@ -1,8 +1,16 @@
 # Compares the dynamic symbols that the library defines with the functions
 # that the public headers declare through POLYARC_EXTERN. Run with
 # -DLIBRARY=<path of the shared library> -DHEADERS=<public header folder>.
+# For a static archive add -DSTATIC=ON: its global symbols are compared, and
+# only names beyond the declared ones count (the shared check covers the
+# missing ones).
 find_program(NM nm REQUIRED)
-execute_process(COMMAND ${NM} -D --defined-only ${LIBRARY}
+if(STATIC)
+  set(nm_args -g --defined-only)
+else()
+  set(nm_args -D --defined-only)
+endif()
+execute_process(COMMAND ${NM} ${nm_args} ${LIBRARY}
   OUTPUT_VARIABLE nm_out RESULT_VARIABLE nm_rc)
 if(NOT nm_rc EQUAL 0)
   message(FATAL_ERROR "nm failed on ${LIBRARY}")
@@ -31,7 +39,14 @@ list(REMOVE_ITEM extra ${declared})
 set(missing ${declared})
 list(REMOVE_ITEM missing ${exported})
 list(LENGTH declared n_declared)
+if(STATIC)
+  set(missing)
+endif()
 if(extra OR missing)
   message(FATAL_ERROR "exported but not declared: ${extra}\ndeclared but not exported: ${missing}")
 endif()
-message(STATUS "${n_declared} declared functions, all exported, nothing else")
+if(STATIC)
+  message(STATUS "no global names but those of the ${n_declared} declared functions")
+else()
+  message(STATUS "${n_declared} declared functions, all exported, nothing else")
+endif()

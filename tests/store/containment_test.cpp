@@ -22,7 +22,7 @@ TEST(PointInKont, UnitSquaresOfBothOrientations) {
     GE_POINT p;
     uint16_t want;
   } rows[] = {
-      {{0.5, 0.5}, kIn}, {{2, 0.5}, kOut}, {{1, 0.5}, kOn},  {{1, 1}, kOn},
+      {{0.5, 0.5}, kIn}, {{2, 0.5}, kOut}, {{1, 0.5}, kOn},     {{1, 1}, kOn},
       {{0, 0}, kOn},     {{0.5, 0}, kOn},  {{-0.5, 0.5}, kOut}, {{0.5, 1.0001}, kOut},
   };
   for (LI_TAB_STRUCT *k : {ccw, cw}) {
@@ -32,36 +32,52 @@ TEST(PointInKont, UnitSquaresOfBothOrientations) {
   EXPECT_EQ(LiPointInKont(ccw, nullptr), kOut);
 }
 
-TEST(PointInKont, FullCirclesOfBothSenses) {
+TEST(PointInKont, CirclesDShapesLoopsAndMoves) {
   Store store;
-  const GE_POINT o{0, 0};
-  for (const uint16_t dir : {uint16_t{2}, uint16_t{0}}) {
-    LI_TAB_STRUCT circle{};
-    ASSERT_EQ(LiCreateCircle(&o, 1, dir, &circle), PA_OK);
-    LI_TAB_STRUCT *k = Chain(store.get(), {circle});
-    EXPECT_EQ(Where(k, {0.5, 0}), kIn) << dir;
-    EXPECT_EQ(Where(k, {1, 0}), kOn) << dir;
-    EXPECT_EQ(Where(k, {0, -1}), kOn) << dir;
-    EXPECT_EQ(Where(k, {2, 0}), kOut) << dir;
-  }
-}
-
-TEST(PointInKont, DShapeCountsItsBulge) {
-  Store store;
-  const GE_POINT top{0, 1}, bottom{0, -1}, o{0, 0};
-  // The half circle through (1, 0) closed by the diameter, both ways round.
-  LI_TAB_STRUCT *cw = Chain(store.get(), {Line(bottom, top), Arc(top, bottom, o, LI_ARC_CW)});
-  LI_TAB_STRUCT *ccw = Chain(store.get(), {Line(top, bottom), Arc(bottom, top, o, LI_ARC_CCW)});
-  for (LI_TAB_STRUCT *k : {cw, ccw}) {
-    EXPECT_EQ(Where(k, {0.5, 0}), kIn);
-    EXPECT_EQ(Where(k, {0.9, 0.3}), kIn);
-    EXPECT_EQ(Where(k, {1.001, 0}), kOut);
-    EXPECT_EQ(Where(k, {std::sqrt(0.5), std::sqrt(0.5)}), kOn);
-    EXPECT_EQ(Where(k, {-0.5, 0}), kOut);
-  }
-  // A negative radius counts as the chord: nothing is inside.
-  cw->next->rad = -cw->next->rad;
-  EXPECT_EQ(Where(cw, {0.5, 0}), kOut);
+  const GE_POINT top{0, 1}, bottom{0, -1}, o{0, 0}, loop_centre{1.25, 0};
+  LI_TAB_STRUCT cw{}, ccw{}, loop{};
+  ASSERT_EQ(LiCreateCircle(&o, 1, 2, &cw) + LiCreateCircle(&o, 1, 0, &ccw), PA_OK);
+  ASSERT_EQ(LiCreateCircle(&loop_centre, 0.25, 0, &loop), PA_OK);  // from (1.5, 0)
+  // The half circle through (1, 0) closed by the diameter, both ways round;
+  // the same with a negative radius, which counts as its chord.
+  LI_TAB_STRUCT *d_cw = Chain(store.get(), {Line(bottom, top), Arc(top, bottom, o, LI_ARC_CW)});
+  LI_TAB_STRUCT *d_ccw = Chain(store.get(), {Line(top, bottom), Arc(bottom, top, o, LI_ARC_CCW)});
+  LI_TAB_STRUCT *d_neg = Chain(store.get(), {Line(bottom, top), Arc(top, bottom, o, LI_ARC_CW)});
+  d_neg->next->rad = -1;
+  // The unit square with a loop round (1.25, 0) hung on the spur to
+  // (1.5, 0): a full circle inside a longer contour is skipped on purpose.
+  LI_TAB_STRUCT *looped =
+      Chain(store.get(), {Line({0, 0}, {1.5, 0}), loop, Line({1.5, 0}, {1, 0}),
+                          Line({1, 0}, {1, 1}), Line({1, 1}, {0, 1}), Line({0, 1}, {0, 0})});
+  LI_TAB_STRUCT *moved = Chain(store.get(), {Line({0, 0}, {1, 0}), Move({1, 0}, {1, 1}),
+                                             Line({1, 1}, {0, 1}), Line({0, 1}, {0, 0})});
+  const double r = std::sqrt(0.5);
+  const struct {
+    LI_TAB_STRUCT *k;
+    GE_POINT p;
+    uint16_t want;
+  } rows[] = {
+      {Chain(store.get(), {cw}), {0.5, 0}, kIn},
+      {Chain(store.get(), {cw}), {0, -1}, kOn},
+      {Chain(store.get(), {cw}), {2, 0}, kOut},
+      {Chain(store.get(), {ccw}), {0.5, 0}, kIn},
+      {Chain(store.get(), {ccw}), {1, 0}, kOn},
+      {Chain(store.get(), {ccw}), {2, 0}, kOut},
+      {d_cw, {0.5, 0}, kIn},
+      {d_cw, {0.9, 0.3}, kIn},
+      {d_cw, {1.001, 0}, kOut},
+      {d_cw, {r, r}, kOn},
+      {d_cw, {-0.5, 0}, kOut},
+      {d_ccw, {0.5, 0}, kIn},
+      {d_ccw, {0.9, -0.3}, kIn},
+      {d_ccw, {1.001, 0}, kOut},
+      {d_neg, {0.5, 0}, kOut},
+      {looped, {1.25, 0.1}, kOut},
+      {looped, {0.5, 0.5}, kIn},
+      {moved, {0.5, 0.5}, kIn},
+      {moved, {1, 0.5}, kOn},
+  };
+  for (const auto &row : rows) EXPECT_EQ(Where(row.k, row.p), row.want) << row.p;
 }
 
 TEST(PointInKont, ALongRowTurnsAsOneWhateverItsPieces) {
@@ -83,24 +99,6 @@ TEST(PointInKont, ALongRowTurnsAsOneWhateverItsPieces) {
     EXPECT_EQ(Where(k, {12, 0}), kOut) << pieces;
     EXPECT_EQ(Where(k, {-2, 0}), kOut) << pieces;
   }
-}
-
-TEST(PointInKont, SkipsAFullCircleInsideALongerContourAndCountsMoves) {
-  Store store;
-  LI_TAB_STRUCT circle{};
-  const GE_POINT centre{1.25, 0};
-  ASSERT_EQ(LiCreateCircle(&centre, 0.25, 0, &circle), PA_OK);  // starts at (1.5, 0)
-  // The unit square with a loop round (1.25, 0) hung on its corner (1.5, 0)
-  // reached by a spur: the loop is skipped on purpose.
-  LI_TAB_STRUCT *k = Chain(store.get(), {Line({0, 0}, {1.5, 0}), circle, Line({1.5, 0}, {1, 0}),
-                                         Line({1, 0}, {1, 1}), Line({1, 1}, {0, 1}),
-                                         Line({0, 1}, {0, 0})});
-  EXPECT_EQ(Where(k, {1.25, 0.1}), kOut);
-  EXPECT_EQ(Where(k, {0.5, 0.5}), kIn);
-  LI_TAB_STRUCT *moved = Chain(store.get(), {Line({0, 0}, {1, 0}), Move({1, 0}, {1, 1}),
-                                             Line({1, 1}, {0, 1}), Line({0, 1}, {0, 0})});
-  EXPECT_EQ(Where(moved, {0.5, 0.5}), kIn);
-  EXPECT_EQ(Where(moved, {1, 0.5}), kOn);
 }
 
 TEST(KontInKont, VerticesOnly) {
@@ -130,8 +128,8 @@ int ExactIn(const LI_TAB_STRUCT *inner, const LI_TAB_STRUCT *outer) {
 TEST(KontExactInKont, EdgesAndArcsBetweenInsideVertices) {
   Store store;
   // A C open to the right: the notch is 1 < x < 4, 1 < y < 3.
-  LI_TAB_STRUCT *c = Polygon(store.get(),
-                             {{0, 0}, {4, 0}, {4, 1}, {1, 1}, {1, 3}, {4, 3}, {4, 4}, {0, 4}});
+  LI_TAB_STRUCT *c =
+      Polygon(store.get(), {{0, 0}, {4, 0}, {4, 1}, {1, 1}, {1, 3}, {4, 3}, {4, 4}, {0, 4}});
   LI_TAB_STRUCT *across = Polygon(store.get(), {{0.5, 0.5}, {3.5, 0.5}, {3.5, 3.5}, {0.5, 3.5}});
   EXPECT_EQ(LiKontInKont(across, c), 1);
   EXPECT_EQ(ExactIn(across, c), 0) << "its right edge crosses the notch";
@@ -141,9 +139,9 @@ TEST(KontExactInKont, EdgesAndArcsBetweenInsideVertices) {
   // from (3, 1) to (3, 3): about (3.5, 2) it bulges out to x = 4.62,
   // about (2.5, 2) only to x = 3.62.
   for (const double cx : {3.5, 2.5}) {
-    LI_TAB_STRUCT *d = Chain(store.get(), {Line({1, 3}, {1, 1}), Line({1, 1}, {3, 1}),
-                                           Arc({3, 1}, {3, 3}, {cx, 2}, LI_ARC_CCW),
-                                           Line({3, 3}, {1, 3})});
+    LI_TAB_STRUCT *d =
+        Chain(store.get(), {Line({1, 3}, {1, 1}), Line({1, 1}, {3, 1}),
+                            Arc({3, 1}, {3, 3}, {cx, 2}, LI_ARC_CCW), Line({3, 3}, {1, 3})});
     EXPECT_EQ(LiKontInKont(d, square), 1) << cx;
     EXPECT_EQ(ExactIn(d, square), cx == 2.5 ? 1 : 0) << cx;
   }
@@ -225,7 +223,8 @@ TEST(Containment, ContourTestsAgreeWithThePointWalkNearAndFar) {
       ++total;
     }
     // A whole inner contour: inside exactly when all its vertices are.
-    const auto inner = Elements(Chain(store.get(), s.Edges(s.Star(40, {0, 0}, 0, 1, false), 0, 0, 0)));
+    const auto inner =
+        Elements(Chain(store.get(), s.Edges(s.Star(40, {0, 0}, 0, 1, false), 0, 0, 0)));
     int all = 1;
     for (const LI_TAB_STRUCT *x : inner) all &= Where(outer, x->ap) != kOut ? 1 : 0;
     EXPECT_EQ(LiKontInKont(inner[0], outer), all) << "seed " << seed;
@@ -243,7 +242,8 @@ TEST(Containment, AGapWidensWhatCountsAsNear) {
   ToleranceScope tol(1.0 / 64);
   Store store;
   std::vector<LI_TAB_STRUCT> e{Line({0, 0}, {10, 0})};
-  for (int i = 0; i < 40; ++i) e.push_back(Line({10 + i * 7.0 / 512, 0}, {10 + (i + 1) * 7.0 / 512, 0}));
+  for (int i = 0; i < 40; ++i)
+    e.push_back(Line({10 + i * 7.0 / 512, 0}, {10 + (i + 1) * 7.0 / 512, 0}));
   for (const auto &line : {Line({10, 0}, {10, 10}), Line({10, 10}, {0, 10}), Line({0, 10}, {0, 0})})
     e.push_back(line);
   LI_TAB_STRUCT *k = Chain(store.get(), e);

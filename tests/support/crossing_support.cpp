@@ -44,15 +44,15 @@ std::vector<GE_POINT> Shapes::GridWalk(int n, int side) {
     if (next == last) continue;
     const int pieces = Int(1, 3);
     for (int k = 1; k <= pieces; ++k) {
-      p.push_back({last.x + (next.x - last.x) * k / pieces,
-                   last.y + (next.y - last.y) * k / pieces});
+      p.push_back(
+          {last.x + (next.x - last.x) * k / pieces, last.y + (next.y - last.y) * k / pieces});
     }
   }
   return p;
 }
 
-std::vector<LI_TAB_STRUCT> Shapes::Edges(const std::vector<GE_POINT> &p, double arcs,
-                                         double moves, double gaps) {
+std::vector<LI_TAB_STRUCT> Shapes::Edges(const std::vector<GE_POINT> &p, double arcs, double moves,
+                                         double gaps) {
   std::vector<LI_TAB_STRUCT> e;
   for (size_t i = 0; i < p.size(); ++i) {
     GE_POINT from = p[i];
@@ -140,6 +140,7 @@ uint16_t Neighbours(Building &b, LI_TAB_STRUCT *a, int n, double tol) {
 
 uint16_t AllPairs(Building &b, LI_TAB_STRUCT *a, LI_TAB_STRUCT *other, int n) {
   const double tol = GeEpsiGetTol();
+  const std::vector<LI_TAB_STRUCT *> others = Elements(other);
   for (LI_TAB_STRUCT *ea : Elements(a)) {
     if (ea->type == LI_MOVE) continue;
     if (n > 0) {
@@ -147,7 +148,7 @@ uint16_t AllPairs(Building &b, LI_TAB_STRUCT *a, LI_TAB_STRUCT *other, int n) {
       continue;
     }
     const int16_t first = static_cast<int16_t>(*b.last + 1);
-    for (LI_TAB_STRUCT *eb : Elements(other)) {
+    for (LI_TAB_STRUCT *eb : others) {
       if (const uint16_t st = Pair(b, first, ea, eb, tol)) return st;
     }
   }

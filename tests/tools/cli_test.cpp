@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include "polyarc/records.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -75,10 +77,11 @@ TEST(Cli, InfoPrintsTheMeasures) {
   Result r = Polyarc({"info", ccw, cw});
   EXPECT_EQ(r.code, 0);
   EXPECT_EQ(r.err, "");
-  // #, block line, elements, lines, arcs, closed, orientation, area, length,
-  // box; the clockwise block starts after the comment, on line 2.
-  for (const char *row : {"/ccw.txt +1 +1 +4 +4 +0 +closed +ccw +1 +4 +0 +0 +1 +1\n",
-                          "/cw.txt +1 +2 +4 +4 +0 +closed +cw +-1 +4 +0 +0 +1 +1\n"}) {
+  // #, block line, merged, elements, lines, arcs, closed, orientation,
+  // area, length, box; the clockwise block starts after the comment, on
+  // line 2.
+  for (const char *row : {"/ccw.txt +1 +1 +0 +4 +4 +0 +closed +ccw +1 +4 +0 +0 +1 +1\n",
+                          "/cw.txt +1 +2 +0 +4 +4 +0 +closed +cw +-1 +4 +0 +0 +1 +1\n"}) {
     EXPECT_TRUE(std::regex_search(r.out, std::regex(row))) << row << r.out;
   }
 
@@ -98,15 +101,20 @@ TEST(Cli, BadFilesAndUsageGiveTheirExitCodeAndMessage) {
   const fs::path dir = Scratch();
   const std::string good = WriteFile(dir, "good.txt", kSquare);
   const std::string bad = WriteFile(dir, "bad.txt", "0 0\n1 0\n\n# next\n1 x 0\n");
+  const std::string absurd = WriteFile(dir, "absurd.txt", "0 0\n0 1\n\n0 0 1e300\n1 0\n0 1\n");
   const std::string svg = (dir / "bad.svg").string();
   const std::string corpus = std::string(POLYARC_TEST_DATA) + "/corpus/jts_valid.txt";
   const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
       {{"info", good, bad}, 1, "polyarc: " + bad + ":5: bad number 'x'\n"},
       {{"render", bad, "-o", svg}, 1, "bad.txt:5: bad number"},
       {{"info", corpus}, 1, "jts_valid.txt:536: 'nan' is not a finite number\n"},
+      {{"info", "--json", absurd}, 1, "absurd.txt:4: the segment from this vertex comes out"},
+      {{"info", corpus, "--case", "TestValid.xml#49"}, 1, "jts_valid.txt:536: 'nan'"},
+      {{"render", good, "-o", svg, "--block", "2"}, 1, "good.txt: no block 2 (the text has 1 "},
+      {{"info", good, "--block", "0"}, 2, "--block needs a block number from 1, not '0'"},
       {{"info", (dir / "missing.txt").string()}, 1, "missing.txt: cannot open"},
       {{"info", dir.string()}, 1, "is a directory"},
-      {{}, 2, "usage: polyarc COMMAND"},
+      {{}, 2, "usage: polyarc COMMAND [OPTIONS] [FILE...]\n"},
       {{"frobnicate"}, 2, "polyarc: unknown command 'frobnicate' (see 'polyarc --help')\n"},
       {{"info", "--bogus", "a.txt"}, 2, "unknown option '--bogus'"},
       {{"info"}, 2, ""},
@@ -122,16 +130,89 @@ TEST(Cli, BadFilesAndUsageGiveTheirExitCodeAndMessage) {
   EXPECT_FALSE(fs::exists(svg));
 }
 
-TEST(Cli, Help) {
+TEST(Cli, HelpUsageAndVersion) {
   const Result r = Polyarc({"--help"});
   EXPECT_EQ(r.code, 0);
+  EXPECT_NE(r.out.find("--version"), std::string::npos);
   for (const char *command : {"info", "render", "demo"}) {
     EXPECT_NE(r.out.find(std::string("  ") + command + " "), std::string::npos) << command;
     const Result help = Polyarc({command, "--help"});
     EXPECT_TRUE(help.code == 0 && help.out.rfind(std::string("usage: polyarc ") + command, 0) == 0)
         << help.out;
+    EXPECT_NE(help.out.find("\nExit status: 0 on success, 1 "), std::string::npos) << command;
     EXPECT_EQ(Polyarc({"help", command}).out, help.out);
   }
+  // Without arguments: the short usage only, on standard error.
+  const Result bare = Polyarc({});
+  EXPECT_TRUE(bare.code == 2 && bare.out.empty() && bare.err.find("commands:") == std::string::npos)
+      << bare.err;
+  EXPECT_EQ(Polyarc({"--version"}).out, std::string("polyarc ") + PaVersion() + "\n");
+}
+
+TEST(Cli, InfoSaysWhichVerticesWereMerged) {
+  const fs::path dir = Scratch();
+  // Five vertex lines: the third repeats the second within the tolerance,
+  // and the last closes onto the first.
+  const std::string path =
+      WriteFile(dir, "merged.txt", "0 0\n1 0\n1.00001 0\n1 1\n0.00002 -0.00001\n");
+  Result r = Polyarc({"info", path});
+  EXPECT_EQ(r.code, 0) << r.err;
+  EXPECT_TRUE(
+      std::regex_search(r.out, std::regex("/merged.txt +1 +1 +2 +3 +3 +0 +closed +ccw +0.5 ")))
+      << r.out;
+  EXPECT_NE(r.out.find("\nMerged vertices (each lies within the tolerance 5e-05 of the vertex it "
+                       "joins, on both axes):\n" +
+                       path + ":3: vertex merged into the vertex on line 2\n" + path +
+                       ":5: vertex merged into the first vertex on line 1, where the contour "
+                       "closes\n"),
+            std::string::npos)
+      << r.out;
+
+  r = Polyarc({"info", "--json", path});
+  EXPECT_NE(r.out.find("\"merged\": [{\"line\": 3, \"into\": 2, \"closing\": false}, "
+                       "{\"line\": 5, \"into\": 1, \"closing\": true}]"),
+            std::string::npos)
+      << r.out;
+}
+
+// One case or block of a corpus file is read, and a bad one elsewhere in
+// the file does not stop it.
+TEST(Cli, BlocksAndCasesChooseWhatIsRead) {
+  const std::string corpus = std::string(POLYARC_TEST_DATA) + "/corpus/jts_valid.txt";
+  Result r = Polyarc({"info", "--json", corpus, "--case", "TestValid.xml#11"});
+  EXPECT_EQ(r.code, 0) << r.err;
+  EXPECT_EQ(JsonMember(r.out, "index"), (std::vector<std::string>{"1"}));
+  EXPECT_EQ(JsonMember(r.out, "area"), (std::vector<std::string>{"-27129"}));
+
+  r = Polyarc({"info", "--json", corpus, "--block", "3", "--block=1"});
+  EXPECT_EQ(r.code, 0) << r.err;
+  EXPECT_EQ(JsonMember(r.out, "index"), (std::vector<std::string>{"1", "3"}));
+
+  const fs::path dir = Scratch();
+  const std::string svg = (dir / "one.svg").string();
+  r = Polyarc({"render", corpus, "--case", "TestValid.xml#12", "-o", svg});
+  EXPECT_EQ(r.code, 0) << r.err;
+  EXPECT_EQ(r.out, "wrote " + svg + " (2 contours from 1 file)\n") << "a shell and its hole";
+}
+
+// A picture of a long outline opens in a common SVG reader, which fails
+// on path data of a few hundred kilobytes.
+TEST(Cli, RenderOfAHundredThousandVerticesOpensInRsvg) {
+  const fs::path dir = Scratch();
+  std::string text;
+  const int n = 100000;
+  for (int i = 0; i < n; ++i) {
+    const double a = 2 * kPi * i / n, r = 1000 + 3 * std::sin(37 * a);
+    text += std::to_string(123456.789 + r * std::cos(a)) + ' ' +
+            std::to_string(654321.123 + r * std::sin(a)) + '\n';
+  }
+  const std::string svg = (dir / "long.svg").string();
+  Result r = Polyarc({"render", WriteFile(dir, "long.txt", text), "-o", svg});
+  ASSERT_EQ(r.code, 0) << r.err;
+  const std::string png = (dir / "long.png").string();
+  const std::string command = "rsvg-convert '" + svg + "' -o '" + png + "' 2>&1";
+  EXPECT_EQ(std::system(command.c_str()), 0) << command;
+  EXPECT_GT(fs::file_size(png), 0u);
 }
 
 TEST(Cli, RenderWritesOnePicture) {

@@ -14,7 +14,7 @@ using polyarc_test::InjectedFailure;
 
 TEST(Demo, AllocationFailureEndsTheDemoWithItsStatus) {
   Options options;
-  options.values["output"] = testing::TempDir() + "polyarc_demo_test";
+  options.values["output"] = {testing::TempDir() + "polyarc_demo_test"};
   std::ostringstream out, err;
   // The first run also grows the process-wide polyline buffer, which stays.
   ASSERT_EQ(RunDemo(options, out, err), kExitOk) << err.str();
@@ -29,7 +29,7 @@ TEST(Demo, AllocationFailureEndsTheDemoWithItsStatus) {
     EXPECT_EQ(MemTestLiveBlocks(), blocks) << "the demo's store is freed on every path";
   });
   EXPECT_GT(runs, 0u);
-  std::filesystem::remove_all(options.values["output"]);
+  std::filesystem::remove_all(options.Value("output"));
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 // of the drawing into the picture.
 #include "svg.h"
 
+#include <cmath>
 #include <regex>
+#include <tuple>
 
 #include "support/support.h"
 
@@ -10,6 +12,8 @@ namespace polyarc_tool {
 namespace {
 
 using polyarc_test::Store;
+
+constexpr double kPi = 3.141592653589793;
 
 LI_TAB_STRUCT *Circle(LI_HEAD *store, GE_POINT centre, double r, uint16_t dir) {
   LI_TAB_STRUCT *k = nullptr;
@@ -76,6 +80,70 @@ TEST(Svg, TheViewBoxHoldsEveryElementWithAMargin) {
   EXPECT_LT(2 * scale + ty, height - margin);
   EXPECT_NEAR(7.5 * scale + 2 * margin, 640 - 2 * 12, 1e-9);
   EXPECT_NE(svg.find("A 1 1 0 0 0 -3 -2"), std::string::npos) << "arcs stay arcs";
+}
+
+// The path data of every path element, with its fill attribute (without
+// std::regex, whose recursion overflows the stack on long paths).
+std::vector<std::pair<std::string, std::string>> Paths(const std::string &svg) {
+  std::vector<std::pair<std::string, std::string>> paths;
+  const std::string start = "<path d=\"", fill = "\" fill=\"";
+  for (auto at = svg.find(start); at != std::string::npos; at = svg.find(start, at + 1)) {
+    const auto data = at + start.size(), data_end = svg.find(fill, data);
+    const auto colour = data_end + fill.size();
+    paths.emplace_back(svg.substr(data, data_end - data),
+                       svg.substr(colour, svg.find('"', colour) - colour));
+  }
+  return paths;
+}
+
+std::size_t Count(const std::string &text, const std::string &what) {
+  std::size_t n = 0;
+  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++n;
+  return n;
+}
+
+// A 100,000-gon about (0, 0): a circle of radius 100, or with odd
+// vertices at radius 101 a zigzag.
+LI_TAB_STRUCT *HundredThousandGon(LI_HEAD *store, double odd_radius) {
+  LI_TAB_STRUCT *k = nullptr;
+  const int n = 100000;
+  for (int i = 0; i <= n; ++i) {
+    const double a = 2 * kPi * (i % n) / n, r = i % 2 ? odd_radius : 100;
+    const GE_POINT p{r * std::cos(a), r * std::sin(a)};
+    EXPECT_EQ(i == 0 ? LiMove(store, &k, &p) : LiDraw(store, &k, &p), PA_OK);
+  }
+  return k;
+}
+
+// A long outline is stroked in pieces that together hold each of its
+// lines once, and filled by one path that follows it to half a pixel.
+TEST(Svg, LongOutlinesAreCutIntoPathsOfBoundedLength) {
+  Store store;
+  // The circle spans 2.8 pixels a unit (616 pixels for 200 units and two
+  // margins of 10), so its 1759 pixels of outline need fewer than 4000
+  // points at one every half pixel. The zigzag's teeth are 2.8 pixels
+  // deep and 0.017 apart: no outline within half a pixel is shorter, so
+  // it is not filled.
+  const std::tuple<double, std::size_t, std::size_t> cases[] = {{100, 1, 4000}, {101, 0, 0}};
+  for (const auto &[odd_radius, fills_expected, fill_lines_below] : cases) {
+    SCOPED_TRACE(odd_radius);
+    LI_TAB_STRUCT *k = HundredThousandGon(store.get(), odd_radius);
+    const std::string svg = RenderSvg({{"long", {{"long", {k}, false}}}}, SvgOptions{});
+    std::size_t lines = 0, fills = 0;
+    for (const auto &[data, fill] : Paths(svg)) {
+      EXPECT_LT(data.size(), kSvgMaxPathData + 100);
+      EXPECT_EQ(data.rfind("M ", 0), 0u);
+      if (fill == "none") {
+        lines += Count(data, " L ");
+        continue;
+      }
+      ++fills;
+      EXPECT_EQ(data.back(), 'Z');
+      EXPECT_LT(Count(data, " L "), fill_lines_below);
+    }
+    EXPECT_EQ(lines, 100000u);
+    EXPECT_EQ(fills, fills_expected);
+  }
 }
 
 TEST(Svg, DegenerateDrawingsLegendsAndMarks) {

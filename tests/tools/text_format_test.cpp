@@ -16,9 +16,14 @@ using polyarc_test::Store;
 
 constexpr double kPi = 3.141592653589793;
 
-std::optional<TextError> Read(const std::string &text, ContourList &out) {
+std::optional<TextError> ReadText(const std::string &text, ContourList &out,
+                                  const BlockChoice &choice) {
   std::istringstream in(text);
-  return ReadContours(in, out);
+  return ReadContours(in, out, choice);
+}
+
+std::optional<TextError> Read(const std::string &text, ContourList &out) {
+  return ReadText(text, out, {});
 }
 
 std::string Written(const LI_TAB_STRUCT *k) {
@@ -154,6 +159,10 @@ TEST(TextFormat, MalformedInputGivesTheLineAndNothingElse) {
       {"0 0 1\n0 0 1\n", 1, "a bulge on a zero-length segment"},  // the closing segment
       {"0 0\n0.00006 0 1\n", 2, "cannot be built: radius below the tolerance (status 2339)"},
       {"0 0\n1e300 0 1e-300\n", 2, "the bulge is too close to 0"},
+      // A bulge of 1e300 on a chord of 1: the radius squared overflows.
+      {"0 0 1e300\n1 0\n0 1\n", 1, "beyond a double's range"},
+      {"open\n0 0\n1e308 0\n-1e308 0\n", 3, "beyond a double's range"},
+      {"0 0\n1 0 0.5\n1.00001 0\n1 1\n", 2, "a bulge on a zero-length segment"},
   };
   for (const auto &[text, line, message] : cases) {
     SCOPED_TRACE(text);
@@ -166,6 +175,131 @@ TEST(TextFormat, MalformedInputGivesTheLineAndNothingElse) {
     EXPECT_NE(error->message.find(message), std::string::npos) << error->message;
     EXPECT_EQ(list.size(), 1u) << "a bad text adds no contour, not even its good blocks";
     EXPECT_TRUE(polyarc_test::AllRecordsAccounted(store.head(), {list.contours()[0].k}));
+  }
+}
+
+// Every element ends exactly where the next starts, the last where the
+// first starts.
+testing::AssertionResult JointsMeetExactly(LI_TAB_STRUCT *k) {
+  for (const LI_TAB_STRUCT *e : Elements(k)) {
+    if (!(e->ep == e->next->ap)) {
+      return testing::AssertionFailure() << "gap after " << e->ap << " -> " << e->ep;
+    }
+  }
+  return testing::AssertionSuccess();
+}
+
+std::string Shifted(const std::vector<GE_POINT> &vertices, GE_POINT by) {
+  std::string text;
+  for (const GE_POINT p : vertices) {
+    text += FormatNumber(p.x + by.x) + ' ' + FormatNumber(p.y + by.y) + '\n';
+  }
+  return text;
+}
+
+// A signed area is the same wherever a closed contour lies, but not that of
+// a chain with a gap: the reader must not leave one where it merges.
+TEST(TextFormat, MergedVerticesLeaveJointsThatMeetExactly) {
+  struct Case {
+    const char *what;
+    std::vector<GE_POINT> vertices;  // a unit square with one vertex too many
+    MergedVertex merged;
+  };
+  const Case cases[] = {
+      {"the last vertex 4e-5 from the first",
+       {{0, 0}, {1, 0}, {1, 1}, {0, 1}, {0.00004, 0}},
+       {5, 1, true}},
+      {"an element shorter than the tolerance in the middle",
+       {{0, 0}, {1, 0}, {1.00004, 0.00003}, {1, 1}, {0, 1}},
+       {3, 2, false}},
+  };
+  Store store;
+  for (const Case &c : cases) {
+    for (const double x : {0.0, 1e3, 1e6}) {
+      for (const double y : {0.0, 1e3, 1e6}) {
+        SCOPED_TRACE(std::string(c.what) + " at " + FormatNumber(x) + ", " + FormatNumber(y));
+        ContourList list(store.get());
+        ASSERT_FALSE(Read(Shifted(c.vertices, {x, y}), list));
+        const Contour &read = list.contours()[0];
+        EXPECT_EQ(Elements(read.k).size(), 4u);
+        EXPECT_TRUE(JointsMeetExactly(read.k));
+        EXPECT_NEAR(LiKontArea(read.k), 1, 1e-12);
+        ASSERT_EQ(read.merged.size(), 1u);
+        EXPECT_TRUE(read.merged[0].line == c.merged.line && read.merged[0].into == c.merged.into &&
+                    read.merged[0].closing == c.merged.closing);
+      }
+    }
+  }
+
+  // The merge rule is the library's: both differences strictly below tol.
+  polyarc_test::ToleranceScope tol(0.25);
+  for (const auto &[last, elements, area] :
+       {std::tuple{0.125, 4u, 4.0}, std::tuple{0.25, 5u, 3.75}}) {
+    ContourList list(store.get());
+    ASSERT_FALSE(Read("0 0\n2 0\n2 2\n0 2\n" + FormatNumber(last) + " 0\n", list));
+    EXPECT_EQ(Elements(list.contours()[0].k).size(), elements) << last;
+    EXPECT_EQ(LiKontArea(list.contours()[0].k), area) << last;
+  }
+
+  // The merged vertex's bulge moves to the vertex kept: a half circle
+  // about (1, 1) from (1, 0) to (1, 2) on a right triangle of area 1.
+  ContourList bulge(store.get());
+  ASSERT_FALSE(Read("0 0\n1 0\n1.00001 0.00001 1\n1 2\n", bulge));
+  EXPECT_NEAR(LiKontArea(bulge.contours()[0].k), 1 + kPi / 2, 1e-12);
+  EXPECT_TRUE(JointsMeetExactly(bulge.contours()[0].k));
+}
+
+// Copied from the corpus: three vertices whose last one lies 2.4e-8 from
+// the first, at coordinates of a few million; the chain with its gap left
+// open read with an area of -0.129.
+TEST(TextFormat, CorpusSliverReadsWithItsTinyArea) {
+  Store store;
+  ContourList list(store.get());
+  std::string error;
+  ASSERT_TRUE(ReadContourFile(std::string(POLYARC_TEST_DATA) + "/corpus/jts_robust_sliver.txt",
+                              list, error))
+      << error;
+  ASSERT_EQ(list.size(), 1u);
+  EXPECT_LT(std::fabs(LiKontArea(list.contours()[0].k)), 1e-6);
+  EXPECT_TRUE(JointsMeetExactly(list.contours()[0].k));
+  EXPECT_EQ(list.contours()[0].merged.size(), 1u);
+}
+
+TEST(TextFormat, ChosenBlocksAreReadAndTheOthersSkippedUnread) {
+  const std::string text =
+      "case a#1 | two squares\nshell 0\n0 0\n1 0\n1 1\n0 1\n\nshell 1\n5 5\n7 5\n7 7\n5 7\n\n"
+      "case b#2 | broken\nshell 0\n0 0\n1 nan\n\nopen 7\n0 0\n";
+  Store store;
+  const std::tuple<BlockChoice, std::vector<int>, std::vector<double>> chosen[] = {
+      {{{}, "a#1"}, {1, 2}, {1, 4}},  // IDs hold '#', which elsewhere starts a comment
+      {{{2}, ""}, {2}, {4}},
+      {{{1, 2}, "a#1"}, {1, 2}, {1, 4}},
+  };
+  for (const auto &[choice, numbers, areas] : chosen) {
+    ContourList list(store.get());
+    const auto error = ReadText(text, list, choice);
+    ASSERT_FALSE(error) << error->message;
+    ASSERT_EQ(list.size(), numbers.size());
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      EXPECT_EQ(list.contours()[i].number, numbers[i]);
+      EXPECT_EQ(LiKontArea(list.contours()[i].k), areas[i]);
+    }
+  }
+  const std::tuple<BlockChoice, int, const char *> refused[] = {
+      {{}, 17, "'nan' is not a finite number"},
+      {{{}, "b#2"}, 17, "'nan' is not a finite number"},
+      {{{4}, ""}, 19, "'open' takes nothing after it, found '7'"},
+      {{{5}, ""}, 0, "no block 5 (the text has 4 blocks)"},
+      {{{2}, "b#2"}, 0, "no block 2 in case 'b#2' (the text has 4 blocks)"},
+      {{{}, "c"}, 0, "no case 'c'"},
+  };
+  for (const auto &[choice, line, message] : refused) {
+    ContourList list(store.get());
+    const auto error = ReadText(text, list, choice);
+    ASSERT_TRUE(error) << message;
+    EXPECT_EQ(error->line, line);
+    EXPECT_EQ(error->message, message);
+    EXPECT_TRUE(list.empty());
   }
 }
 
