@@ -210,8 +210,8 @@ extern "C" uint16_t FlIsectKont(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_
   return Boolean(head, a, b, short_len, keep, FL_OP_INTERSECTION, loops, last, no_cross, contain);
 }
 
-extern "C" uint16_t FlBewDiffMaxKont(LI_HEAD *head, const LI_TAB_STRUCT *a,
-                                     const LI_TAB_STRUCT *b, int32_t isect, LI_TAB_STRUCT **out) {
+extern "C" uint16_t FlBewDiffMaxKont(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b,
+                                     int32_t isect, LI_TAB_STRUCT **out) {
   if (out == nullptr) return PA_INVALID;
   *out = nullptr;
   LI_TAB_STRUCT **loops = nullptr;

@@ -69,8 +69,8 @@ bool TangentFits(const LI_TAB_STRUCT &e, const LI_TAB_STRUCT &f, bool e_circle, 
   return true;
 }
 
-uint16_t OuterTangent(const LI_TAB_STRUCT &e, const LI_TAB_STRUCT &f, bool e_circle,
-                      bool f_circle, GE_POINT &t1, GE_POINT &t2) {
+uint16_t OuterTangent(const LI_TAB_STRUCT &e, const LI_TAB_STRUCT &f, bool e_circle, bool f_circle,
+                      GE_POINT &t1, GE_POINT &t2) {
   if (!e_circle) t1 = e.ap;
   if (!f_circle) t2 = f.ep;
   if (!e_circle && !f_circle) return PA_OK;
@@ -79,8 +79,8 @@ uint16_t OuterTangent(const LI_TAB_STRUCT &e, const LI_TAB_STRUCT &f, bool e_cir
   const double r1 = e_circle ? e.rad : 0.0;
   const double r2 = f_circle ? f.rad : 0.0;
   Tangent first{}, second{};
-  if (const uint16_t status = GeCirCirTan(&c1, r1, &c2, r2, 0, &first.n, &first.c, &second.n,
-                                          &second.c);
+  if (const uint16_t status =
+          GeCirCirTan(&c1, r1, &c2, r2, 0, &first.n, &first.c, &second.n, &second.c);
       status != PA_OK)
     return status;
   if (TangentFits(e, f, e_circle, f_circle, first, t1, t2)) return PA_OK;

@@ -394,9 +394,9 @@ uint16_t CleanSpikes(LI_HEAD *head, LI_TAB_STRUCT **k, bool whole) {
 
 using namespace polyarc;
 
-extern "C" uint16_t FlUnionIdent(LI_HEAD *head, LI_TAB_STRUCT *k1, LI_TAB_STRUCT *k2,
-                                 uint32_t sign, LI_TAB_STRUCT **out, LI_TAB_STRUCT **out2,
-                                 LI_TAB_STRUCT **loops, uint16_t capacity, int16_t *last) {
+extern "C" uint16_t FlUnionIdent(LI_HEAD *head, LI_TAB_STRUCT *k1, LI_TAB_STRUCT *k2, uint32_t sign,
+                                 LI_TAB_STRUCT **out, LI_TAB_STRUCT **out2, LI_TAB_STRUCT **loops,
+                                 uint16_t capacity, int16_t *last) {
   if (head == nullptr || out == nullptr || out2 == nullptr || loops == nullptr || last == nullptr)
     return PA_INVALID;
   *out = *out2 = nullptr;

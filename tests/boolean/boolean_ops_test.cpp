@@ -45,16 +45,30 @@ const double kLens = 2 * kPi / 3 - std::sqrt(3.0) / 2;  // unit circles 1 apart
 const Case kCases[] = {
     {"squares offset by half", [](LI_HEAD *h) { return Rect(h, 0, 0, 1, 1); },
      [](LI_HEAD *h) { return Rect(h, 0.5, 0.5, 1.5, 1.5); }, 1, 1, 1.75, 0.25, 0.75},
-    {"unit circles 1 apart", [](LI_HEAD *h) { return Circle(h, {0, 0}, 1); },
-     [](LI_HEAD *h) { return Circle(h, {1, 0}, 1); }, kPi, kPi, 2 * kPi - kLens, kLens,
-     kPi - kLens},
-    {"circle in a square", [](LI_HEAD *h) { return Circle(h, {0, 0}, 1); },
+    {"unit circles 1 apart",
+     [](LI_HEAD *h) {
+       return Circle(h, {0, 0}, 1);
+     },
+     [](LI_HEAD *h) {
+       return Circle(h, {1, 0}, 1);
+     },
+     kPi, kPi, 2 * kPi - kLens, kLens, kPi - kLens},
+    {"circle in a square",
+     [](LI_HEAD *h) {
+       return Circle(h, {0, 0}, 1);
+     },
      [](LI_HEAD *h) { return Rect(h, -2, -2, 2, 2); }, kPi, 16, 16, kPi, 0},
     {"square round a circle", [](LI_HEAD *h) { return Rect(h, -2, -2, 2, 2); },
-     [](LI_HEAD *h) { return Circle(h, {0, 0}, 1); }, 16, kPi, 16, kPi, 16 - kPi},
+     [](LI_HEAD *h) {
+       return Circle(h, {0, 0}, 1);
+     },
+     16, kPi, 16, kPi, 16 - kPi},
     {"disjoint boxes", [](LI_HEAD *h) { return Rect(h, 0, 0, 1, 1); },
      [](LI_HEAD *h) { return Rect(h, 2, 0, 3, 1); }, 1, 1, 2, 0, 1},
-    {"apart, boxes overlapping", [](LI_HEAD *h) { return Polygon(h, {{0, 0}, {2, 0}, {0, 2}}); },
+    {"apart, boxes overlapping",
+     [](LI_HEAD *h) {
+       return Polygon(h, {{0, 0}, {2, 0}, {0, 2}});
+     },
      [](LI_HEAD *h) { return Rect(h, 1.5, 1.5, 2.5, 2.5); }, 2, 1, 3, 0, 2},
     {"a shared edge", [](LI_HEAD *h) { return Rect(h, 0, 0, 1, 1); },
      [](LI_HEAD *h) { return Rect(h, 1, 0, 2, 1); }, 1, 1, 2, 0, 1, PA_IMPOSSIBLE},
@@ -69,8 +83,8 @@ const Case kCases[] = {
      PA_IMPOSSIBLE},
     {"a C closed by a bar", CShape, [](LI_HEAD *h) { return Rect(h, 2.5, 0, 4, 3); }, 7, 4.5, 10.5,
      1, 6},
-    {"a bar closing a C", [](LI_HEAD *h) { return Rect(h, 2.5, 0, 4, 3); }, CShape, 4.5, 7, 10.5,
-     1, 3.5},
+    {"a bar closing a C", [](LI_HEAD *h) { return Rect(h, 2.5, 0, 4, 3); }, CShape, 4.5, 7, 10.5, 1,
+     3.5},
 };
 
 double Expected(const Case &c, Op op) {
@@ -199,8 +213,9 @@ TEST(Boolean, FailingAllocationsAtEveryStep) {
   for (const Case *c : cases) {
     for (Op op : kOps) {
       SCOPED_TRACE(testing::Message() << c->name << ", " << OpName(op));
-      EXPECT_GT(ForEachAllocationFailure(
-                    [&](InjectedFailure &failure) { RunFailing(c->a, c->b, op, failure, SIZE_MAX); }),
+      EXPECT_GT(ForEachAllocationFailure([&](InjectedFailure &failure) {
+                  RunFailing(c->a, c->b, op, failure, SIZE_MAX);
+                }),
                 0u);
       // The store runs dry at every record the operation takes; once the
       // records last, the first list allocation fails instead.
@@ -217,7 +232,9 @@ TEST(Boolean, FailingAllocationsAtEveryStep) {
 // The unit disc about centre as arcs between the polar angles in order,
 // counter-clockwise; the arcs are put in whole, however short.
 LI_TAB_STRUCT *Disc(LI_HEAD *head, GE_POINT centre, std::initializer_list<double> angles) {
-  const auto at = [&](double a) { return GE_POINT{centre.x + std::cos(a), centre.y + std::sin(a)}; };
+  const auto at = [&](double a) {
+    return GE_POINT{centre.x + std::cos(a), centre.y + std::sin(a)};
+  };
   LI_TAB_STRUCT *k = nullptr;
   for (auto it = angles.begin(); it != angles.end(); ++it) {
     const double to = it + 1 == angles.end() ? *angles.begin() : *(it + 1);
@@ -237,8 +254,9 @@ void ExpectAreas(LI_HEAD *head, LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, double area_
     Outcome r(head, op, a, b);
     SCOPED_TRACE(OpName(op));
     EXPECT_EQ(r.status(), PA_OK);
-    const double want_area =
-        op == Op::kUnion ? want.union_ : op == Op::kIntersection ? want.isect : want.diff;
+    const double want_area = op == Op::kUnion          ? want.union_
+                             : op == Op::kIntersection ? want.isect
+                                                       : want.diff;
     EXPECT_NEAR(r.RegionArea(area_a, area_b), want_area, within);
   }
 }

@@ -19,7 +19,7 @@ TEST(TestKonvex, TurnAgainstTheOrientationBeyondTolOverTheNextElement) {
     const LI_TAB_STRUCT *f;
     int16_t orient;
     uint32_t convex;
-  } rows[] = {{&left, 1, 1}, {&left, -1, 0}, {&slight, 1, 0}, {&slight, -1, 1},
+  } rows[] = {{&left, 1, 1},   {&left, -1, 0},   {&slight, 1, 0}, {&slight, -1, 1},
               {&inward, 1, 0}, {&inward, -1, 0}, {&left, 0, 1}};
   for (const Row &r : rows) {
     uint32_t convex = 7;

@@ -67,10 +67,10 @@ TEST(UnionIdent, JoinsAlongWhatTheContoursShare) {
        [](LI_HEAD *h) { return Backwards(Square(h, 1, 0)); }, 0, 9, PA_OK, 2, 0, 0, 0},
       {"half a side shared", [](LI_HEAD *h) { return Square(h, 0, 0); },
        [](LI_HEAD *h) { return Square(h, 1, 0.25, 1, 0.5); }, 0, 9, PA_OK, 1.5, 0, 0, 0},
-      {"a C closed by a bar", C, [](LI_HEAD *h) { return Square(h, 3, 0, 1, 3); }, 0, 9, PA_OK,
-       12, 0, 1, -2},
-      {"the same, holes out", C, [](LI_HEAD *h) { return Square(h, 3, 0, 1, 3); }, 1, 9, PA_OK,
-       -2, 0, 1, 12},
+      {"a C closed by a bar", C, [](LI_HEAD *h) { return Square(h, 3, 0, 1, 3); }, 0, 9, PA_OK, 12,
+       0, 1, -2},
+      {"the same, holes out", C, [](LI_HEAD *h) { return Square(h, 3, 0, 1, 3); }, 1, 9, PA_OK, -2,
+       0, 1, 12},
       {"apart", [](LI_HEAD *h) { return Square(h, 0, 0); },
        [](LI_HEAD *h) { return Square(h, 3, 0); }, 0, 9, PA_OK, 1, 1, 0, 0},
       {"one square both ways", [](LI_HEAD *h) { return Square(h, 0, 0); },
@@ -113,7 +113,9 @@ TEST(UnionIdent, JoinsAlongWhatTheContoursShare) {
 TEST(UnionIdent, RunningOutOfRecordsLosesNone) {
   ExpectCleanAllocationFailures(
       PA_NO_RECORD,
-      [](LI_HEAD *head) { return Live{Square(head, 0, 0), Square(head, 1, 0.25, 1, 0.5)}; },
+      [](LI_HEAD *head) {
+        return Live{Square(head, 0, 0), Square(head, 1, 0.25, 1, 0.5)};
+      },
       [](LI_HEAD *head, Live &live) {
         LI_TAB_STRUCT *list[4] = {};
         int16_t last = 0;

@@ -17,10 +17,10 @@ TEST(TangSide, CrossOfTheTangentsThenTheCurvatures) {
     int32_t swap;
     int16_t side;
   } rows[] = {
-      {&line, north, 0, 1},  {&line, north, 1, -1}, {&line, south, 0, -1},
-      {&line, south, 1, 1},  {&line, east, 0, 0},   {&ccw, east, 0, -1},
-      {&ccw, east, 1, -1},  // parallel tangents: the swap does not act
-      {&ccw, west, 0, 1},    // opposite tangents add the curvatures
+      {&line, north, 0, 1}, {&line, north, 1, -1}, {&line, south, 0, -1}, {&line, south, 1, 1},
+      {&line, east, 0, 0},  {&ccw, east, 0, -1},   {&ccw, east, 1, -1},  // parallel tangents: the
+                                                                         // swap does not act
+      {&ccw, west, 0, 1},  // opposite tangents add the curvatures
   };
   for (const Row &r : rows)
     EXPECT_EQ(FlTangSide(nullptr, &line, &east, r.e2, &r.t2, r.swap), r.side)
@@ -36,12 +36,10 @@ TEST(ParaTest, SameCarrierEitherWay) {
     LI_TAB_STRUCT e2;
     uint16_t same;
   } rows[] = {
-      {Line({5, 1}, {9, 1}), 1},  // same sense, apart along the carrier
-      {Line({2, 1}, {0, 1}), 1},  // opposite normal and opposite distance
+      {Line({5, 1}, {9, 1}), 1},    // same sense, apart along the carrier
+      {Line({2, 1}, {0, 1}), 1},    // opposite normal and opposite distance
       {Line({2, -1}, {0, -1}), 0},  // opposite normal, the same distance: y = -1
-      {Line({0, 1.3}, {2, 1.3}), 0},
-      {Line({0, 1}, {2, 1.5}), 0},
-      {arc, 0},
+      {Line({0, 1.3}, {2, 1.3}), 0}, {Line({0, 1}, {2, 1.5}), 0}, {arc, 0},
   };
   for (const Row &r : rows)
     EXPECT_EQ(FlParaTest(nullptr, &y1, &r.e2), r.same) << r.e2.ap << " -> " << r.e2.ep;

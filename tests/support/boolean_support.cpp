@@ -7,9 +7,12 @@ namespace polyarc_test {
 
 const char *OpName(Op op) {
   switch (op) {
-    case Op::kUnion: return "union";
-    case Op::kIntersection: return "intersection";
-    case Op::kDifference: return "difference";
+    case Op::kUnion:
+      return "union";
+    case Op::kIntersection:
+      return "intersection";
+    case Op::kDifference:
+      return "difference";
   }
   return "?";
 }
@@ -41,9 +44,12 @@ double Outcome::RegionArea(double area_a, double area_b) const {
   }
   const bool a_in_b = contain_ == 1, b_in_a = contain_ == -1;
   switch (op_) {
-    case Op::kUnion: return a_in_b ? area_b : b_in_a ? area_a : area_a + area_b;
-    case Op::kIntersection: return a_in_b ? area_a : b_in_a ? area_b : 0.0;
-    case Op::kDifference: return a_in_b ? 0.0 : b_in_a ? area_a - area_b : area_a;
+    case Op::kUnion:
+      return a_in_b ? area_b : b_in_a ? area_a : area_a + area_b;
+    case Op::kIntersection:
+      return a_in_b ? area_a : b_in_a ? area_b : 0.0;
+    case Op::kDifference:
+      return a_in_b ? 0.0 : b_in_a ? area_a - area_b : area_a;
   }
   return 0.0;
 }
