@@ -1,8 +1,10 @@
 # Sourced by scripts/test and scripts/demo: installs the build dependencies
 # that are missing (cmake, a C++ compiler; for the tests GoogleTest, the
 # Boost headers, whose Boost.Geometry checks the Boolean operations, and the
-# tools that the install, package and picture tests use) with apt-get when
-# running as root on Debian; otherwise says what to install.
+# tools that the install, package and picture tests use; for the benchmarks
+# Google Benchmark and the rival libraries GEOS, Clipper 6 and the Boost
+# headers) with apt-get when running as root on Debian; otherwise says what
+# to install.
 polyarc_missing_deps() {
   local missing=()
   command -v cmake >/dev/null 2>&1 || missing+=(cmake)
@@ -15,6 +17,14 @@ polyarc_missing_deps() {
     command -v rsvg-convert >/dev/null 2>&1 || missing+=(librsvg2-bin)
     command -v dpkg-shlibdeps >/dev/null 2>&1 || missing+=(dpkg-dev)
     command -v file >/dev/null 2>&1 || missing+=(file)
+    [ -f /usr/include/boost/geometry.hpp ] || missing+=(libboost-dev)
+  fi
+  if [ "${1:-}" = bench ]; then
+    command -v pkg-config >/dev/null 2>&1 || missing+=(pkg-config)
+    command -v python3 >/dev/null 2>&1 || missing+=(python3)
+    [ -f /usr/include/benchmark/benchmark.h ] || missing+=(libbenchmark-dev)
+    [ -f /usr/include/geos_c.h ] || missing+=(libgeos-dev)
+    [ -f /usr/include/polyclipping/clipper.hpp ] || missing+=(libpolyclipping-dev)
     [ -f /usr/include/boost/geometry.hpp ] || missing+=(libboost-dev)
   fi
   echo "${missing[@]}"

@@ -1,0 +1,95 @@
+#!/usr/bin/env python3
+"""Prints the rival benchmarks' JSON (Google Benchmark, with repetitions) as
+one Markdown table per capability: a row per operation, shape and size, the
+median CPU time of each library, polyarc's time over the fastest rival's,
+polyarc's growth exponent log10(t(10^5) / t(10^4)), and whether polyarc's
+result area agrees with each rival's within what the chords explain.
+
+    scripts/bench_tables.py results.json
+"""
+import json
+import math
+import sys
+from collections import OrderedDict
+
+LIBRARIES = ["polyarc", "boost", "geos", "clipper"]
+RIVALS = LIBRARIES[1:]
+
+
+def load(path):
+    """{(capability, operation, shape, n): {library: run}}, medians only."""
+    with open(path) as f:
+        data = json.load(f)
+    rows = OrderedDict()
+    for b in data["benchmarks"]:
+        if b.get("run_type") == "aggregate" and b.get("aggregate_name") != "median":
+            continue
+        name = b["run_name"] if "run_name" in b else b["name"]
+        parts = name.split("/")
+        if len(parts) != 5:
+            continue
+        capability, operation, shape, library, n = parts
+        rows.setdefault((capability, operation, shape, int(n)), {})[library] = b
+    return rows
+
+
+def ms(run):
+    """CPU time in milliseconds."""
+    scale = {"ns": 1e-6, "us": 1e-3, "ms": 1.0, "s": 1e3}[run["time_unit"]]
+    return run["cpu_time"] * scale
+
+
+def fmt_time(t):
+    return f"{t:.3g}" if t < 100 else f"{t:.0f}"
+
+
+def size(n):
+    exponent = round(math.log10(n))
+    return f"10^{exponent}" if 10 ** exponent == n else str(n)
+
+
+def agreement(run):
+    if int(run.get("status", 0)) != 0:
+        return f"status {int(run['status'])}"
+    bad = [r for r in RIVALS if run.get("dev_" + r, 0) > 1]
+    closed = "" if run.get("closed", 1) == 1 else ", NOT closed"
+    if not bad:
+        return "all" + closed
+    good = [r for r in RIVALS if r not in bad]
+    return ("only " + ", ".join(good) if good else "none") + closed
+
+
+def table(rows, capability):
+    out = [
+        "| operation | shape | N | " + " | ".join(LIBRARIES) + " | polyarc / fastest rival | growth | area agrees with |",
+        "|---|---|---|" + "---:|" * len(LIBRARIES) + "---:|---:|---|",
+    ]
+    for (cap, operation, shape, n), runs in rows.items():
+        if cap != capability or "polyarc" not in runs:
+            continue
+        times = {lib: ms(runs[lib]) for lib in LIBRARIES if lib in runs}
+        fastest = min(times[r] for r in RIVALS if r in times)
+        ratio = times["polyarc"] / fastest
+        growth = ""
+        previous = rows.get((cap, operation, shape, n // 10), {}).get("polyarc")
+        if n == 100000 and previous:
+            growth = f"{math.log10(times['polyarc'] / ms(previous)):.2f}"
+        cells = [fmt_time(times[lib]) if lib in times else "" for lib in LIBRARIES]
+        out.append(f"| {operation} | {shape} | {size(n)} | " + " | ".join(cells) +
+                   f" | {ratio:.2f} | {growth} | {agreement(runs['polyarc'])} |")
+    return "\n".join(out)
+
+
+def main():
+    if len(sys.argv) != 2:
+        sys.exit(__doc__)
+    rows = load(sys.argv[1])
+    capabilities = list(OrderedDict.fromkeys(key[0] for key in rows))
+    for capability in capabilities:
+        print(f"### {capability} (median CPU time in ms)\n")
+        print(table(rows, capability))
+        print()
+
+
+if __name__ == "__main__":
+    main()
