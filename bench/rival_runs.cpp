@@ -19,7 +19,7 @@ void ReportAgreement(benchmark::State &state, const std::string &key, double are
   }
   state.counters["area"] = area;
   for (size_t i = 0; i < it->second.size(); ++i)
-    state.counters[std::string("dev_") + kRivals[i]] = it->second[i];
+    if (!std::isnan(it->second[i])) state.counters[std::string("dev_") + kRivals[i]] = it->second[i];
   state.counters["status"] = status;
 }
 

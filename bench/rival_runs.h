@@ -15,7 +15,8 @@ namespace bench {
 
 inline const char *const kRivals[] = {"boost", "geos", "clipper"};
 
-// The area of one library's result for a row, computed once per process.
+// The area of one library's result for a row, computed once per process;
+// NaN for a rival that the row leaves out.
 using AreaOf = std::function<double(const std::string &library)>;
 
 // Sets polyarc's counters: its area, status, and dev against every rival

@@ -5,7 +5,11 @@ median CPU time of each library, polyarc's time over the fastest rival's,
 polyarc's growth exponent log10(t(10^5) / t(10^4)), and whether polyarc's
 result area agrees with each rival's within what the chords explain.
 
-    scripts/bench_tables.py results.json
+    scripts/bench_tables.py results.json [more.json ...]
+
+Later files replace the runs of earlier ones (say, polyarc's runs against
+an older build of the library). A rival left out of a row has no time;
+"area agrees with" lists the rivals whose area polyarc's matches.
 """
 import json
 import math
@@ -16,11 +20,17 @@ LIBRARIES = ["polyarc", "boost", "geos", "clipper"]
 RIVALS = LIBRARIES[1:]
 
 
-def load(path):
-    """{(capability, operation, shape, n): {library: run}}, medians only."""
-    with open(path) as f:
-        data = json.load(f)
+def load(paths):
+    """{(capability, operation, shape, n): {library: run}}, medians only; a
+    later file's runs replace an earlier one's."""
     rows = OrderedDict()
+    for path in paths:
+        with open(path) as f:
+            load_runs(json.load(f), rows)
+    return rows
+
+
+def load_runs(data, rows):
     for b in data["benchmarks"]:
         if b.get("run_type") == "aggregate" and b.get("aggregate_name") != "median":
             continue
@@ -30,7 +40,6 @@ def load(path):
             continue
         capability, operation, shape, library, n = parts
         rows.setdefault((capability, operation, shape, int(n)), {})[library] = b
-    return rows
 
 
 def ms(run):
@@ -51,12 +60,12 @@ def size(n):
 def agreement(run):
     if int(run.get("status", 0)) != 0:
         return f"status {int(run['status'])}"
-    bad = [r for r in RIVALS if run.get("dev_" + r, 0) > 1]
-    closed = "" if run.get("closed", 1) == 1 else ", NOT closed"
-    if not bad:
-        return "all" + closed
-    good = [r for r in RIVALS if r not in bad]
-    return ("only " + ", ".join(good) if good else "none") + closed
+    compared = [r for r in RIVALS if "dev_" + r in run]
+    good = [r for r in compared if run["dev_" + r] <= 1]
+    text = "all" if len(good) == len(RIVALS) else ("only " + ", ".join(good) if good else "none")
+    if run.get("closed", 1) != 1:
+        text += ", NOT closed"
+    return text
 
 
 def table(rows, capability):
@@ -81,9 +90,9 @@ def table(rows, capability):
 
 
 def main():
-    if len(sys.argv) != 2:
+    if len(sys.argv) < 2:
         sys.exit(__doc__)
-    rows = load(sys.argv[1])
+    rows = load(sys.argv[1:])
     capabilities = list(OrderedDict.fromkeys(key[0] for key in rows))
     for capability in capabilities:
         print(f"### {capability} (median CPU time in ms)\n")
