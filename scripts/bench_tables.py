@@ -62,7 +62,10 @@ def agreement(run):
         return f"status {int(run['status'])}"
     compared = [r for r in RIVALS if "dev_" + r in run]
     good = [r for r in compared if run["dev_" + r] <= 1]
-    text = "all" if len(good) == len(RIVALS) else ("only " + ", ".join(good) if good else "none")
+    if len(good) == len(compared):
+        text = "all" if len(compared) == len(RIVALS) else ", ".join(compared)
+    else:
+        text = ("only " + ", ".join(good)) if good else "none"
     if run.get("closed", 1) != 1:
         text += ", NOT closed"
     return text
@@ -77,15 +80,17 @@ def table(rows, capability):
         if cap != capability or "polyarc" not in runs:
             continue
         times = {lib: ms(runs[lib]) for lib in LIBRARIES if lib in runs}
-        fastest = min(times[r] for r in RIVALS if r in times)
-        ratio = times["polyarc"] / fastest
+        rival_times = [times[r] for r in RIVALS if r in times]
+        ok = int(runs["polyarc"].get("status", 0)) == 0
+        ratio = f"{times['polyarc'] / min(rival_times):.2f}" if rival_times and ok else ""
         growth = ""
         previous = rows.get((cap, operation, shape, n // 10), {}).get("polyarc")
-        if n == 100000 and previous:
+        failed = any(int(r.get("status", 0)) != 0 for r in (runs["polyarc"], previous or {}))
+        if n == 100000 and previous and not failed:
             growth = f"{math.log10(times['polyarc'] / ms(previous)):.2f}"
         cells = [fmt_time(times[lib]) if lib in times else "" for lib in LIBRARIES]
         out.append(f"| {operation} | {shape} | {size(n)} | " + " | ".join(cells) +
-                   f" | {ratio:.2f} | {growth} | {agreement(runs['polyarc'])} |")
+                   f" | {ratio} | {growth} | {agreement(runs['polyarc'])} |")
     return "\n".join(out)
 
 

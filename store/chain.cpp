@@ -36,15 +36,6 @@ uint32_t RunLength(const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last) {
   return n;
 }
 
-// Takes the record at the head of the free list, growing the store by a
-// block when it is empty; null when it cannot grow.
-LI_TAB_STRUCT *TakeFree(LI_HEAD &head) {
-  if (head.free == nullptr && Expand(head, kCopyBlock) != PA_OK) return nullptr;
-  LI_TAB_STRUCT *e = head.free;
-  head.free = e->next;
-  return e;
-}
-
 // Copies the n elements from first into records that are already taken,
 // in their order, and closes the chain.
 LI_TAB_STRUCT *CopyInto(const LI_TAB_STRUCT *first, LI_TAB_STRUCT *const *records, uint32_t n) {
@@ -77,7 +68,7 @@ LI_TAB_STRUCT *CopyRun(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_S
   LI_TAB_STRUCT *copy_first = nullptr, *copy_last = nullptr;
   const LI_TAB_STRUCT *src = first;
   for (uint32_t i = 0; i < n; ++i, src = src->next) {
-    LI_TAB_STRUCT *copy = TakeFree(head);
+    LI_TAB_STRUCT *copy = PopFree(head, kCopyBlock);
     if (copy == nullptr) {
       for (LI_TAB_STRUCT *r : records) r->next = head.free, head.free = r;
       if (copy_first != nullptr) {
