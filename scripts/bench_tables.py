@@ -6,10 +6,16 @@ polyarc's growth exponent log10(t(10^5) / t(10^4)), and whether polyarc's
 result area agrees with each rival's within what the chords explain.
 
     scripts/bench_tables.py results.json [more.json ...]
+    scripts/bench_tables.py --versus OLD.json,OLD.json,... NEW.json,NEW.json,...
 
 Later files replace the runs of earlier ones (say, polyarc's runs against
 an older build of the library). A rival left out of a row has no time;
 "area agrees with" lists the rivals whose area polyarc's matches.
+
+--versus compares two builds of polyarc: each list holds runs of the same
+benchmarks (taken alternately, the old build then the new, so that a
+change in the machine's load hits both alike); the table gives the median
+CPU time of each build's runs, their ratio and both growth exponents.
 """
 import json
 import math
@@ -94,7 +100,43 @@ def table(rows, capability):
     return "\n".join(out)
 
 
+def medians(paths):
+    """{(capability, operation, shape, n): median CPU ms of polyarc's runs}."""
+    times = {}
+    for path in paths:
+        with open(path) as f:
+            for b in json.load(f)["benchmarks"]:
+                parts = b["name"].split("/")
+                if len(parts) == 5 and parts[3] == "polyarc" and b.get("run_type") != "aggregate":
+                    key = (parts[0], parts[1], parts[2], int(parts[4]))
+                    times.setdefault(key, []).append(ms(b))
+    return OrderedDict((k, sorted(v)[len(v) // 2]) for k, v in times.items())
+
+
+def versus(old_paths, new_paths):
+    old, new = medians(old_paths), medians(new_paths)
+    capability = None
+    for key in old:
+        if key not in new:
+            continue
+        if key[0] != capability:
+            capability = key[0]
+            print(f"\n### {capability}: polyarc before and after (median CPU time in ms)\n")
+            print("| operation | shape | N | before | after | after / before | growth before | growth after |")
+            print("|---|---|---|---:|---:|---:|---:|---:|")
+        _, operation, shape, n = key
+        growth = ["", ""]
+        smaller = (key[0], operation, shape, n // 10)
+        if n == 100000 and smaller in old and smaller in new:
+            growth = [f"{math.log10(t[key] / t[smaller]):.2f}" for t in (old, new)]
+        print(f"| {operation} | {shape} | {size(n)} | {fmt_time(old[key])} | {fmt_time(new[key])} | "
+              f"{new[key] / old[key]:.2f} | {growth[0]} | {growth[1]} |")
+
+
 def main():
+    if len(sys.argv) == 4 and sys.argv[1] == "--versus":
+        versus(sys.argv[2].split(","), sys.argv[3].split(","))
+        return
     if len(sys.argv) < 2:
         sys.exit(__doc__)
     rows = load(sys.argv[1:])
