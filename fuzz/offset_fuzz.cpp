@@ -68,8 +68,12 @@ void ParallelOffset(LI_HEAD *head, LI_TAB_STRUCT *src, Bytes &in) {
   uint16_t counter = 1000;
   LI_TAB_STRUCT *out = nullptr;
   Shortage short_of(head, (shortage & 7) == 7, shortage >> 3);
+  Trace("FlParallClean side %u d %.17g mode %u n %u rem_short %d examine %d per_elem %u%s", side, d,
+        mode, width, rem_short, examine, per_elem, short_of.Active() ? " (short of records)" : "");
   const uint16_t status =
       FlParallClean(head, src, side, d, &out, mode, width, rem_short, examine, &counter, per_elem);
+  Trace("  status %u", status);
+  TraceContour("  result", out);
   RequireAllRecordsAccounted(*head, Live({src, out, short_of.Held()}), "FlParallClean");
   short_of.Release();
   RequireStatus(status, kOffsetStatuses, "FlParallClean");
@@ -92,7 +96,13 @@ void ConicOffset(LI_HEAD *head, LI_TAB_STRUCT *src, Bytes &in) {
   const Snapshot before(src);
   LI_TAB_STRUCT *out = nullptr;
   Shortage short_of(head, (shortage & 7) == 7, shortage >> 3);
+  Trace("FlConicClean side %u closed %d%s", side, closed,
+        short_of.Active() ? " (short of records)" : "");
+  for (size_t i = 0; i < dist.size(); i += 2)
+    Trace("  distances %.17g %.17g", dist[i], dist[i + 1]);
   const uint16_t status = FlConicClean(head, src, side, dist.data(), nullptr, &out, closed);
+  Trace("  status %u", status);
+  TraceContour("  result", out);
   RequireAllRecordsAccounted(*head, Live({src, out, short_of.Held()}), "FlConicClean");
   short_of.Release();
   RequireStatus(status, kOffsetStatuses, "FlConicClean");
@@ -159,7 +169,12 @@ void RectangleOffset(LI_HEAD *head, LI_TAB_STRUCT *src, Bytes &in) {
   const int16_t signed_side = side == kLeft ? 1 : -1;
   const uint16_t kind = Kind(src, closed, signed_side);
   const int16_t sign = closed ? Sign(LiKontArea(src)) : signed_side;
+  Trace(
+      "rectangle offset dx %.17g dy %.17g side %u always %d targets (%.17g, %.17g) (%.17g, %.17g)",
+      dx, dy, side, always, targets[1].x, targets[1].y, targets[0].x, targets[0].y);
   uint16_t status = RectangleSteps(head, &work, closed, dx, dy, side, targets, always);
+  Trace("  steps: status %u", status);
+  TraceContour("  moved", work);
   RequireAllRecordsAccounted(*head, Live({src, work}), "the rectangle offset's steps");
   Require(before.Matches(src), "the rectangle offset changed its source");
   RequireSoundContour(work, false, "the rectangle offset");
@@ -169,6 +184,8 @@ void RectangleOffset(LI_HEAD *head, LI_TAB_STRUCT *src, Bytes &in) {
     int16_t last = -1;
     uint32_t no_cross = 1;
     status = FlCleanKont(head, &work, sign, kind, &out, &loops, &last, &no_cross, width, rem_short);
+    Trace("FlCleanKont sign %d mode %u n %u rem_short %d: status %u, no_cross %u, last %d", sign,
+          kind, width, rem_short, status, no_cross, last);
     RequireAllRecordsAccounted(*head, Live({src, work, out}, loops, last), "FlCleanKont");
     RequireStatus(status, kOffsetStatuses, "FlCleanKont");
     RequireSoundContour(out, false, "FlCleanKont's result");
@@ -190,6 +207,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     ContourOptions options;
     options.closed = in.Flag();
     LI_TAB_STRUCT *src = BuildContour(&head, in, options);
+    TraceContour("source", src);
     if (src != nullptr) {
       uint16_t counter = 1;
       if (in.Flag()) LiNumKont(src, &counter);

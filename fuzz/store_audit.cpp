@@ -2,6 +2,7 @@
 #include "store_audit.h"
 
 #include <cmath>
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -114,6 +115,33 @@ void RequireSoundContour(const LI_TAB_STRUCT *k, bool closed, const char *what) 
     std::fprintf(stderr, "%s: a gap in a contour that should be closed\n", what);
     Fail("unsound result");
   }
+}
+
+bool Tracing() {
+  static const bool on = std::getenv("POLYARC_FUZZ_TRACE") != nullptr;
+  return on;
+}
+
+void Trace(const char *format, ...) {
+  if (!Tracing()) return;
+  va_list args;
+  va_start(args, format);
+  std::vfprintf(stderr, format, args);
+  va_end(args);
+  std::fputc('\n', stderr);
+}
+
+void TraceContour(const char *name, const LI_TAB_STRUCT *k) {
+  if (!Tracing()) return;
+  std::fprintf(stderr, "%s:%s\n", name, k == nullptr ? " empty" : "");
+  if (k == nullptr) return;
+  const LI_TAB_STRUCT *e = k;
+  do {
+    std::fprintf(
+        stderr, "  type %u ap (%.17g, %.17g) ep (%.17g, %.17g) mp (%.17g, %.17g) rad %.17g no %u\n",
+        e->type, e->ap.x, e->ap.y, e->ep.x, e->ep.y, e->mp.x, e->mp.y, e->rad, e->no);
+    e = e->next;
+  } while (e != k);
 }
 
 Snapshot::Snapshot(const LI_TAB_STRUCT *k) {

@@ -31,6 +31,14 @@ void RequireStatus(uint16_t status, std::initializer_list<uint16_t> allowed, con
 // when closed is set (LiTestClosed).
 void RequireSoundContour(const LI_TAB_STRUCT *k, bool closed, const char *what);
 
+// With POLYARC_FUZZ_TRACE set in the environment, what a target decoded
+// and called is printed to standard error (to turn a failing input into a
+// test): printf-style lines, and contours one element a line with every
+// digit of type, ap, ep, mp and rad.
+bool Tracing();
+void Trace(const char *format, ...) __attribute__((format(printf, 1, 2)));
+void TraceContour(const char *name, const LI_TAB_STRUCT *k);
+
 // A copy of every field of a contour's records, to check afterwards that
 // an operation left it exactly as it was.
 class Snapshot {
