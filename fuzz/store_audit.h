@@ -27,9 +27,10 @@ void RequireAllRecordsAccounted(const LI_HEAD &head, const std::vector<const LI_
 // The status is one of the allowed codes.
 void RequireStatus(uint16_t status, std::initializer_list<uint16_t> allowed, const char *call);
 
-// A result contour: sound links (LiCheck), finite coordinates, and no gap
-// when closed is set (LiTestClosed).
-void RequireSoundContour(const LI_TAB_STRUCT *k, bool closed, const char *what);
+// A result contour: sound links (LiCheck) and finite coordinates; with a
+// gap_limit above 0 also closed: every element's end within gap_limit of
+// its successor's start in both coordinates.
+void RequireSoundContour(const LI_TAB_STRUCT *k, double gap_limit, const char *what);
 
 // With POLYARC_FUZZ_TRACE set in the environment, what a target decoded
 // and called is printed to standard error (to turn a failing input into a
