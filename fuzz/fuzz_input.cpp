@@ -28,12 +28,12 @@ constexpr int kHexagon[6][2] = {{3, 1}, {5, 2}, {5, 4}, {3, 5}, {1, 4}, {1, 2}};
 
 double Tol() { return GeEpsiGetTol(); }
 
-GE_POINT PickVertex(Bytes &in, int index) {
+GE_POINT PickVertex(Bytes &in, int index, int shift) {
   const uint8_t gx = in.Next(), gy = in.Next(), nudge = in.Next();
   const double tol = Tol();
   const int *base = kHexagon[index % 6];
-  GE_POINT p{static_cast<double>((gx + base[0]) % 7) - 3,
-             static_cast<double>((gy + base[1]) % 7) - 3};
+  GE_POINT p{static_cast<double>((gx + base[0] + shift) % 7) - 3,
+             static_cast<double>((gy + base[1] + shift) % 7) - 3};
   p.x += kNudges[nudge & 15] * tol;
   p.y += kNudges[nudge >> 4] * tol;
   // The top bits of the grid bytes add a far nudge now and then.
@@ -77,8 +77,8 @@ void Stroke(LI_HEAD *head, LI_TAB_STRUCT **k, GE_POINT q, double bulge) {
   Attempt(head, k, [&] { return LiDraw(head, k, &q); });
 }
 
-LI_TAB_STRUCT *FullCircle(LI_HEAD *head, Bytes &in) {
-  const GE_POINT centre = PickVertex(in, 0);
+LI_TAB_STRUCT *FullCircle(LI_HEAD *head, Bytes &in, int shift) {
+  const GE_POINT centre = PickVertex(in, 0, shift);
   const double r = in.Pick(kRadii);
   const uint16_t dir = in.Flag() ? 2 : 1;
   LI_TAB_STRUCT circle{};
@@ -92,14 +92,14 @@ LI_TAB_STRUCT *FullCircle(LI_HEAD *head, Bytes &in) {
 
 LI_TAB_STRUCT *BuildContour(LI_HEAD *head, Bytes &in, const ContourOptions &options) {
   const uint8_t shape = in.Next();
-  if (options.closed && (shape & 15) == 15) return FullCircle(head, in);
+  if (options.closed && (shape & 15) == 15) return FullCircle(head, in, options.shift);
   const int span = options.max_vertices - options.min_vertices + 1;
   const int n = options.max_vertices - (shape >> 4) % span;
   LI_TAB_STRUCT *k = nullptr;
   GE_POINT first{};
   double bulge = 0;
   for (int i = 0; i < n; ++i) {
-    const GE_POINT p = PickVertex(in, i);
+    const GE_POINT p = PickVertex(in, i, options.shift);
     const double next_bulge = options.arcs ? in.Pick(kBulges) : (in.Next(), 0.0);
     if (i == 0) {
       first = p;

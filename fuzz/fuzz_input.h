@@ -35,6 +35,7 @@ struct ContourOptions {
   int max_vertices = 6;
   bool closed = true;  // draw back to the first vertex
   bool arcs = true;    // bulges become arcs; else every stroke is a line
+  int shift = 0;       // grid steps added to both coordinates' positions
 };
 
 // Builds a contour in head: usually a polygon of up to max_vertices
