@@ -36,7 +36,9 @@
  * meeting at their own joint, and the same point reached again through
  * a neighbouring element of b, are left out. For two contours a crossing
  * at a's closing joint is found at a's last and first element and the
- * repeat at the end of the list is dropped; a self list keeps both.
+ * repeat at the end of the list is dropped (only when entry 0 lies at a's
+ * start point: two distinct crossings within the tolerance of each other
+ * elsewhere both stay); a self list keeps both.
  * *list must be null (or a block of the memory service, which is reused);
  * the caller owns it afterwards, whatever the status, and frees it with
  * FlFreeCross. *last receives the last index (FL_EMPTY when none).

@@ -288,5 +288,19 @@ TEST(BooleanNearTolerance, AnArcOnACircleMovedByLessThanTol) {
               10 * GeEpsiGetTol() * 2 * kPi);
 }
 
+// A thin wedge of A whose tip pokes e past B's right edge crosses it twice,
+// 0.7 tol apart, on A's first and last elements: both crossings count, not
+// only the one that the closing joint's rule would keep. The tip outside
+// B is narrower than the tolerance and may go.
+TEST(BooleanNearTolerance, AWedgeTipAcrossAnEdgeNearAsClosingJoint) {
+  Store store;
+  const double e = 1e-3, h = 0.35 * GeEpsiGetTol() * (3 + e) / e;
+  LI_TAB_STRUCT *a = Polygon(store.get(), {{2 + e, 1}, {-1, 1 + h}, {-1, 1 - h}});
+  LI_TAB_STRUCT *b = Rect(store.get(), 0, 0, 2, 2);
+  const double area_a = h * (3 + e), isect = 2 * h * (2 + 2 * e) / (3 + e);
+  ExpectAreas(store.get(), a, b, area_a, 4, {area_a + 4 - isect, isect, area_a - isect},
+              e * GeEpsiGetTol());
+}
+
 }  // namespace
 }  // namespace polyarc_test

@@ -165,6 +165,7 @@ uint16_t AllPairsCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **list, 
   const uint16_t st = AllPairs(building, a, self ? a : b, 0);
   if (st != PA_OK || self) return st;
   const double tol = GeEpsiGetTol();
+  if (*last > 0 && !Joined((*list)[0].pt, a->ap, tol)) return st;
   while (*last > 0 && Joined((*list)[*last].pt, (*list)[0].pt, tol)) --*last;
   return st;
 }
