@@ -3,12 +3,14 @@
 // (FlUnionKont, FlIsectKont, FlDiffKont) and the largest loop of a
 // difference or intersection (FlBewDiffMaxKont), sometimes short of
 // records. Besides the store, the inputs and the statuses, the results
-// are checked: closed loops, and for two simple polygons the areas, which
-// must satisfy U + I = A + B and (A - B) + I = A.
+// are checked: closed loops, and for two simple polygons whose vertices
+// keep clear of each other's edges the areas, which must satisfy
+// U + I = A + B and (A - B) + I = A.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <utility>
 #include <vector>
 
 #include "fuzz_input.h"
@@ -203,6 +205,32 @@ bool SimplePolygon(const LI_TAB_STRUCT *k, double clearance) {
   return true;
 }
 
+std::vector<Segment> Edges(const LI_TAB_STRUCT *k) {
+  std::vector<Segment> edges;
+  const LI_TAB_STRUCT *e = k;
+  do {
+    edges.push_back({e->ap, e->ep});
+    e = e->next;
+  } while (e != k);
+  return edges;
+}
+
+// Every vertex of each polygon keeps `clearance` from every edge of the
+// other. Closer, the two boundaries run together within a few tolerances,
+// and whether they touch, overlap or cross there is the tolerance's call,
+// which the three Booleans may each make differently.
+bool ClearOfEachOther(const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, double clearance) {
+  const std::vector<Segment> ea = Edges(a), eb = Edges(b);
+  for (const auto &[vertices, edges] : {std::pair{&ea, &eb}, std::pair{&eb, &ea}}) {
+    for (const Segment &v : *vertices) {
+      for (const Segment &s : *edges) {
+        if (PointSegmentDistance(v.p, s) < clearance) return false;
+      }
+    }
+  }
+  return true;
+}
+
 void RequireIdentities(const Outcome o[3], const Inputs &in, double area_a, double area_b) {
   // Snapping crossings and element ends moves the boundary by up to about
   // the tolerance; removing short elements by up to short_len.
@@ -244,7 +272,7 @@ void RunBooleans(LI_HEAD *head, Bytes &in) {
                  shortages[3]);
   const bool all_ok = std::all_of(o, o + 3, [](const Outcome &x) { return x.status == PA_OK; });
   if (all_ok && a != nullptr && b != nullptr && SimplePolygon(a, 10 * tol) &&
-      SimplePolygon(b, 10 * tol)) {
+      SimplePolygon(b, 10 * tol) && ClearOfEachOther(a, b, 10 * tol)) {
     RequireIdentities(o, inputs, area_a, area_b);
   }
   LiRemove(head, &a);
