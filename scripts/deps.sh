@@ -1,7 +1,8 @@
 # Sourced by scripts/test and scripts/demo: installs the build dependencies
 # that are missing (cmake, a C++ compiler; for the tests GoogleTest, the
 # Boost headers, whose Boost.Geometry checks the Boolean operations, and the
-# tools that the install, package and picture tests use) with apt-get when
+# tools that the install, package and picture tests use; for the fuzz
+# targets clang and its libFuzzer and sanitizer runtimes) with apt-get when
 # running as root on Debian; otherwise says what to install.
 polyarc_missing_deps() {
   local missing=()
@@ -16,6 +17,13 @@ polyarc_missing_deps() {
     command -v dpkg-shlibdeps >/dev/null 2>&1 || missing+=(dpkg-dev)
     command -v file >/dev/null 2>&1 || missing+=(file)
     [ -f /usr/include/boost/geometry.hpp ] || missing+=(libboost-dev)
+  fi
+  if [ "${1:-}" = fuzz ]; then
+    if ! command -v clang++ >/dev/null 2>&1; then
+      missing+=(clang libclang-rt-dev)
+    elif [ ! -f "$(clang++ -print-resource-dir)/lib/linux/libclang_rt.fuzzer-$(uname -m).a" ]; then
+      missing+=("libclang-rt-$(clang++ -dumpversion | cut -d. -f1)-dev")
+    fi
   fi
   echo "${missing[@]}"
 }

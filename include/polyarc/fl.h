@@ -685,7 +685,9 @@ POLYARC_EXTERN uint16_t FlParallel(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16
  * When nothing crosses, a closed offset is kept only when its orientation
  * is k's: an offset inwards deeper than the contour allows turns round
  * (or, for a circle, passes its centre) and gives nothing, that is status
- * 0 and a null *out, as when every loop has the wrong orientation. Arcs
+ * 0 and a null *out, as when every loop has the wrong orientation; so does
+ * one that shrinks the contour to a point, where the raw offset is a lone
+ * element that does not close. Arcs
  * whose ends coincide within tol in a result of several elements (tiny
  * arcs shrunk by the offset, which would read as full circles) are
  * removed before the clean-up. Returns 0, PA_INVALID for a null k or when
