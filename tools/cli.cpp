@@ -99,6 +99,76 @@ const std::string kDemoHelp = std::string(
     "Exit status: 0 on success, 1 when the library refuses an operation or the\n"
     "files cannot be written, 2 for a usage error.\n");
 
+// The outputs of the commands that make contours.
+const char kResultOptions[] =
+    "  -o, --output OUT.txt  the result as contour text, a block per loop ('-' for\n"
+    "                        standard output; the report then goes to standard\n"
+    "                        error)\n"
+    "  --svg OUT.svg         a picture: the input as an outline, the result filled\n";
+
+const char kResultExitStatus[] =
+    "\n"
+    "Exit status: 0 on success, 1 when a file cannot be read or is malformed or\n"
+    "an output cannot be written, or when the library refuses the operation\n"
+    "(the message says what its status means), 2 for a usage error.\n";
+
+const std::string kOffsetHelp =
+    std::string(
+        "usage: polyarc offset FILE -d D [--side left|right|out|in]\n"
+        "                      [--corner round|sharp|gap] [--no-clean] [--check]\n"
+        "                      [-o OUT.txt] [--svg OUT.svg] [--block N]\n"
+        "\n"
+        "Offsets one contour by the distance D: the contour that runs beside it at\n"
+        "that distance (FlParallel), with the loops where it crosses itself cut off\n"
+        "(FlCleanKont). Prints the status and the loops with their areas.\n"
+        "\n"
+        "A closed contour keeps every loop of its own orientation: an inward offset\n"
+        "that splits the contour (a dumbbell's waist) gives every piece, and one\n"
+        "deeper than the contour allows gives nothing. An outward offset is one\n"
+        "region: its outer loop. An open contour keeps the loop that the library's\n"
+        "clean-up picks (FlParallClean).\n"
+        "\n"
+        "options:\n"
+        "  -d, --distance D      the offset distance; a negative D goes to the other\n"
+        "                        side\n"
+        "  --side SIDE           left or right of the direction of travel, or out or\n"
+        "                        in for a closed contour (default: out for a closed\n"
+        "                        contour, left for an open one)\n"
+        "  --corner MODE         how the offsets of neighbouring elements meet where\n"
+        "                        they part: round (the default: an arc about the\n"
+        "                        corner), sharp (extended to their crossing) or gap\n"
+        "                        (left open)\n"
+        "  --no-clean            the raw offset, loops and all\n"
+        "  --check               samples every element of the result and reports the\n"
+        "                        largest |distance to the source - D|, overall and\n"
+        "                        away from the corners (where the nearest point of\n"
+        "                        the source is not a vertex): sharp corners lie\n"
+        "                        farther than D by design\n"
+        "  --block N             the N-th block of the file (default 1)\n") +
+    kResultOptions + "  -h, --help            this text\n" + kResultExitStatus;
+
+const std::string kRectOffsetHelp =
+    std::string(
+        "usage: polyarc rect-offset FILE --dx DX --dy DY [--side left|right|out|in]\n"
+        "                           [--no-clean] [-o OUT.txt] [--svg OUT.svg] [--block N]\n"
+        "\n"
+        "The outline that an axis-parallel rectangle of half-sides DX and DY sweeps\n"
+        "on one side of a contour, in the library's order: arcs are split at their\n"
+        "four axis points (FlOffsSplit), every element is moved by the rectangle's\n"
+        "corner on that side (FlOffsElem), neighbours are bridged (FlOffsKon, also\n"
+        "last to first for a closed contour), the open ends are carried out to the\n"
+        "rectangle's corner (FlOffAnf), and the loops are cleaned as by 'polyarc\n"
+        "offset' (FlCleanKont). Prints the status and the loops with their areas.\n"
+        "\n"
+        "options:\n"
+        "  --dx DX, --dy DY      the rectangle's half-sides (from 0)\n"
+        "  --side SIDE           left or right of the direction of travel, or out or\n"
+        "                        in for a closed contour (default: out for a closed\n"
+        "                        contour, left for an open one)\n"
+        "  --no-clean            the outline before the loop clean-up\n"
+        "  --block N             the N-th block of the file (default 1)\n") +
+    kResultOptions + "  -h, --help            this text\n" + kResultExitStatus;
+
 const std::vector<Command> &Commands() {
   static const std::vector<Command> commands = {
       {"info",
@@ -116,6 +186,29 @@ const std::vector<Command> &Commands() {
         {"block", 0, true},
         {"case", 0, true}},
        RunRender},
+      {"offset",
+       "the parallel offset of a contour",
+       kOffsetHelp,
+       {{"distance", 'd', true},
+        {"side", 0, true},
+        {"corner", 0, true},
+        {"no-clean", 0, false},
+        {"check", 0, false},
+        {"block", 0, true},
+        {"output", 'o', true},
+        {"svg", 0, true}},
+       RunOffset},
+      {"rect-offset",
+       "the outline a rectangle sweeps along a contour",
+       kRectOffsetHelp,
+       {{"dx", 0, true},
+        {"dy", 0, true},
+        {"side", 0, true},
+        {"no-clean", 0, false},
+        {"block", 0, true},
+        {"output", 'o', true},
+        {"svg", 0, true}},
+       RunRectOffset},
       {"demo",
        "build shapes with the library, measure and draw them",
        kDemoHelp,
@@ -136,7 +229,7 @@ void PrintOverview(std::ostream &out) {
   out << "polyarc: contours of lines and circular arcs, from the command line\n\n"
       << kUsage << "\ncommands:\n";
   for (const Command &command : Commands()) {
-    out << "  " << command.name << std::string(8 - std::string(command.name).size(), ' ')
+    out << "  " << command.name << std::string(14 - std::string(command.name).size(), ' ')
         << command.summary << '\n';
   }
   out << "\n"

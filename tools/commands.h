@@ -11,5 +11,7 @@ namespace polyarc_tool {
 int RunInfo(const Options &options, std::ostream &out, std::ostream &err);
 int RunRender(const Options &options, std::ostream &out, std::ostream &err);
 int RunDemo(const Options &options, std::ostream &out, std::ostream &err);
+int RunOffset(const Options &options, std::ostream &out, std::ostream &err);
+int RunRectOffset(const Options &options, std::ostream &out, std::ostream &err);
 
 }  // namespace polyarc_tool
