@@ -16,6 +16,7 @@
 #include "commands.h"
 #include "demo.h"
 #include "measures.h"
+#include "polyarc/fl.h"
 #include "polyarc/ge.h"
 #include "status_text.h"
 #include "svg.h"
@@ -79,6 +80,40 @@ uint16_t ArcToPolyline(DemoSection &s) {
   return status;
 }
 
+// A 4 x 3 plate of lines and arcs with corners of both kinds: a rounded
+// top right, a step down to a bite out of the top left.
+uint16_t Plate(LI_HEAD *store, LI_TAB_STRUCT *&k) {
+  const GE_POINT p[] = {{0, 0}, {4, 0}, {4, 2}, {3, 3}, {1.8, 3}, {1.8, 2}, {0, 2}};
+  const GE_POINT corner{3, 2}, bite{0.9, 2};
+  uint16_t status = LiMove(store, &k, &p[0]);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[1]);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[2]);
+  if (status == PA_OK) status = LiArc(store, &k, &p[3], &corner, 0);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[4]);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[5]);
+  if (status == PA_OK) status = LiArc(store, &k, &p[6], &bite, 1);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[0]);
+  return status;
+}
+
+// The plate offset outwards and inwards by 0.3 with one corner mode.
+uint16_t Offsets(DemoSection &s, uint16_t mode) {
+  LI_TAB_STRUCT *&plate = s.NewShape("the plate");
+  uint16_t status = Plate(s.store(), plate);
+  uint16_t counter = 0;
+  for (const auto &[side, label] : {std::pair{uint16_t{65535}, "FlParallClean out 0.3"},
+                                    std::pair{uint16_t{1}, "FlParallClean in 0.3"}}) {
+    if (status != PA_OK) break;
+    status =
+        FlParallClean(s.store(), plate, side, 0.3, &s.NewShape(label), mode, 0, 0, 1, &counter, 0);
+  }
+  return status;
+}
+
+uint16_t RoundOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_ROUND); }
+uint16_t SharpOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_SHARP); }
+uint16_t OpenOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_GAP); }
+
 // The sections in the order of the table and the picture.
 const DemoEntry kSections[] = {
     {"Rectangle", Rectangle},                 // LiCreateRect
@@ -86,6 +121,9 @@ const DemoEntry kSections[] = {
     {"Circle", Circle},                       // LiCreateCircle
     {"Lines and arcs", LinesAndArcs},         // LiMove, LiDraw, LiArc
     {"Arc to polyline", ArcToPolyline},       // GeArcToLinesCalcSeg, GeArcToLinesSplit
+    {"Offset, round corners", RoundOffsets},  // FlParallClean
+    {"Offset, sharp corners", SharpOffsets},
+    {"Offset, corners left open", OpenOffsets},
 };
 
 // ---- Output -----------------------------------------------------------------

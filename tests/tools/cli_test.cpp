@@ -134,7 +134,7 @@ TEST(Cli, HelpUsageAndVersion) {
   const Result r = Polyarc({"--help"});
   EXPECT_EQ(r.code, 0);
   EXPECT_NE(r.out.find("--version"), std::string::npos);
-  for (const char *command : {"info", "render", "demo"}) {
+  for (const char *command : {"info", "render", "offset", "rect-offset", "demo"}) {
     EXPECT_NE(r.out.find(std::string("  ") + command + " "), std::string::npos) << command;
     const Result help = Polyarc({command, "--help"});
     EXPECT_TRUE(help.code == 0 && help.out.rfind(std::string("usage: polyarc ") + command, 0) == 0)
@@ -240,7 +240,8 @@ TEST(Cli, DemoBuildsMeasuresAndDraws) {
 
   const Result info = Polyarc({"info", "--json", (dir / "demo.txt").string()});
   const auto areas = JsonMember(info.out, "area");
-  ASSERT_EQ(areas.size(), 6u) << "the demo's shapes read back from its text";
+  // The offset with corners left open reads back as three open pieces.
+  ASSERT_EQ(areas.size(), 17u) << "the demo's shapes read back from its text";
   // A 4 x 2 rectangle clockwise, the same with corners of radius 0.5, a
   // unit circle, and a 3 x 2 slot: a half disc added at one end and taken
   // away at the other.
