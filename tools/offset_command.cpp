@@ -30,8 +30,7 @@ constexpr Corner kCorners[] = {
 };
 
 struct Request {
-  std::string path;
-  int block = 1;
+  SourceBlock source;
   double distance = 0;  // as given; its sign turns the side round
   const Corner *corner = &kCorners[0];
 };
@@ -42,7 +41,7 @@ std::optional<Request> ParseRequest(const Options &options, std::string &usage) 
     usage = options.operands.empty() ? "no file given" : "one file only";
     return std::nullopt;
   }
-  request.path = options.operands[0];
+  request.source.path = options.operands[0];
   const auto distance = ParseDecimal(options.Value("distance"));
   if (!options.Has("distance")) {
     usage = "no distance given (-d D)";
@@ -59,7 +58,7 @@ std::optional<Request> ParseRequest(const Options &options, std::string &usage) 
   if (request.corner == nullptr) usage = "--corner needs round, sharp or gap, not '" + corner + "'";
   const auto block = OneBlock(options, "block", usage);
   if (!usage.empty()) return std::nullopt;
-  request.block = *block;
+  request.source.block = *block;
   return request;
 }
 
@@ -108,26 +107,24 @@ int RunOffset(const Options &options, std::ostream &out, std::ostream &err) {
   std::string usage;
   const auto request = ParseRequest(options, usage);
   InputFiles files;
-  std::optional<OffsetWay> way;
-  if (request) {
-    if (!files.Read(request->path, BlockChoice{{request->block}, ""}, err)) return kExitFailure;
-    way = ChooseWay(files.lists()[0].contours()[0].k, options, request->distance < 0, usage);
-  }
-  if (!usage.empty()) {
-    err << "polyarc offset: " << usage << " (see 'polyarc offset --help')\n";
-    return kExitUsage;
+  OffsetWay way;
+  const auto source_block = request ? std::optional(request->source) : std::nullopt;
+  const bool flip = request && request->distance < 0;
+  if (const int code = ReadSource("offset", source_block, options, flip, usage, files, way, err);
+      code != kExitOk) {
+    return code;
   }
   LI_TAB_STRUCT *source = files.lists()[0].contours()[0].k;
   const double d = std::fabs(request->distance);
   std::ostream &report = Report(options, out, err);
-  const std::string title = "offset of " + request->path + " (block " +
-                            std::to_string(request->block) + ") by " + FormatShort(d) + ' ' +
-                            WayText(*way) + ", " + request->corner->text;
+  const std::string title = "offset of " + request->source.path + " (block " +
+                            std::to_string(request->source.block) + ") by " + FormatShort(d) + ' ' +
+                            WayText(way) + ", " + request->corner->text;
   report << title << '\n';
   ContourList loops(files.store());
   int dropped = 0;
   const uint16_t status =
-      Offset(source, *way, d, request->corner->mode, !options.Has("no-clean"), loops, dropped);
+      Offset(source, way, d, request->corner->mode, !options.Has("no-clean"), loops, dropped);
   report << "status: " << StatusText(status) << '\n';
   if (status != PA_OK) {
     err << "polyarc offset: the offset failed: " << StatusText(status) << '\n';
@@ -139,7 +136,7 @@ int RunOffset(const Options &options, std::ostream &out, std::ostream &err) {
            << " nearer to the source than " << FormatShort(d)
            << " (the offset turned it inside out)\n";
   }
-  if (loops.empty() && way->closed && !way->outward) {
+  if (loops.empty() && way.closed && !way.outward) {
     report << "(the offset goes deeper than the contour allows)\n";
   }
   if (options.Has("check")) PrintCheck(MeasureDeviation(source, loops, d), d, report);

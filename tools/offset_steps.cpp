@@ -3,7 +3,11 @@
 
 #include <utility>
 
+#include <ostream>
+
+#include "cli.h"
 #include "elements.h"
+#include "input_files.h"
 #include "polyarc/fl.h"
 
 namespace polyarc_tool {
@@ -56,6 +60,22 @@ std::optional<OffsetWay> ChooseWay(const LI_TAB_STRUCT *source, const Options &o
   // The clean-up of an open offset wants loops that turn towards its side.
   if (!way.closed) way.sign = way.side;
   return way;
+}
+
+int ReadSource(const char *command, const std::optional<SourceBlock> &source,
+               const Options &options, bool flip, std::string &usage, InputFiles &files,
+               OffsetWay &way, std::ostream &err) {
+  std::optional<OffsetWay> chosen;
+  if (source) {
+    if (!files.Read(source->path, BlockChoice{{source->block}, ""}, err)) return kExitFailure;
+    chosen = ChooseWay(files.lists()[0].contours()[0].k, options, flip, usage);
+  }
+  if (!usage.empty()) {
+    err << "polyarc " << command << ": " << usage << " (see 'polyarc " << command << " --help')\n";
+    return kExitUsage;
+  }
+  way = *chosen;
+  return kExitOk;
 }
 
 std::string WayText(const OffsetWay &way) {

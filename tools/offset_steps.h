@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <iosfwd>
 #include <optional>
 #include <string>
 
@@ -28,6 +29,22 @@ struct OffsetWay {
 // Returns nullopt with a message in usage for a bad --side.
 std::optional<OffsetWay> ChooseWay(const LI_TAB_STRUCT *source, const Options &options, bool flip,
                                    std::string &usage);
+
+// The file and block that an offset command reads its source from.
+struct SourceBlock {
+  std::string path;
+  int block = 1;
+};
+
+class InputFiles;
+
+// Reads the source of an offset command into files and chooses the way
+// its offset goes (ChooseWay). usage holds the message of a usage error
+// found before, if any (source is then empty). Returns kExitOk, or the
+// exit code after telling err what is wrong.
+int ReadSource(const char *command, const std::optional<SourceBlock> &source,
+               const Options &options, bool flip, std::string &usage, InputFiles &files,
+               OffsetWay &way, std::ostream &err);
 
 // "to the left (outward)" and the like.
 std::string WayText(const OffsetWay &way);

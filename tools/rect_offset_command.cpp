@@ -18,8 +18,7 @@ namespace polyarc_tool {
 namespace {
 
 struct Request {
-  std::string path;
-  int block = 1;
+  SourceBlock source;
   double dx = 0, dy = 0;  // the rectangle's half-sides
 };
 
@@ -40,14 +39,14 @@ std::optional<Request> ParseRequest(const Options &options, std::string &usage) 
     return std::nullopt;
   }
   Request request;
-  request.path = options.operands[0];
+  request.source.path = options.operands[0];
   const auto dx = HalfSide(options, "dx", usage);
   const auto dy = usage.empty() ? HalfSide(options, "dy", usage) : std::nullopt;
   const auto block = OneBlock(options, "block", usage);
   if (!usage.empty()) return std::nullopt;
   request.dx = *dx;
   request.dy = *dy;
-  request.block = *block;
+  request.source.block = *block;
   return request;
 }
 
@@ -106,29 +105,27 @@ int RunRectOffset(const Options &options, std::ostream &out, std::ostream &err) 
   std::string usage;
   const auto request = ParseRequest(options, usage);
   InputFiles files;
-  std::optional<OffsetWay> way;
-  if (request) {
-    if (!files.Read(request->path, BlockChoice{{request->block}, ""}, err)) return kExitFailure;
-    way = ChooseWay(files.lists()[0].contours()[0].k, options, false, usage);
-  }
-  if (!usage.empty()) {
-    err << "polyarc rect-offset: " << usage << " (see 'polyarc rect-offset --help')\n";
-    return kExitUsage;
+  OffsetWay way;
+  const auto source_block = request ? std::optional(request->source) : std::nullopt;
+  if (const int code =
+          ReadSource("rect-offset", source_block, options, false, usage, files, way, err);
+      code != kExitOk) {
+    return code;
   }
   const LI_TAB_STRUCT *source = files.lists()[0].contours()[0].k;
   std::ostream &report = Report(options, out, err);
-  const std::string title = "rectangle offset of " + request->path + " (block " +
-                            std::to_string(request->block) + ") by half-sides " +
+  const std::string title = "rectangle offset of " + request->source.path + " (block " +
+                            std::to_string(request->source.block) + ") by half-sides " +
                             FormatShort(request->dx) + ", " + FormatShort(request->dy) + ' ' +
-                            WayText(*way);
+                            WayText(way);
   report << title << '\n';
   ContourList loops(files.store());
   LI_TAB_STRUCT *raw = nullptr;
-  uint16_t status = RawOffset(files.store(), source, *request, *way, &raw);
+  uint16_t status = RawOffset(files.store(), source, *request, way, &raw);
   if (status == PA_OK && options.Has("no-clean")) {
     loops.Add(std::exchange(raw, nullptr));
   } else if (status == PA_OK) {
-    status = KeepLoops(raw, *way, loops);
+    status = KeepLoops(raw, way, loops);
   } else {
     LiRemove(files.store(), &raw);
   }
