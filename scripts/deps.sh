@@ -1,5 +1,6 @@
 # Sourced by scripts/test and scripts/demo: installs the build dependencies
-# that are missing (cmake, a C++ compiler; for the tests GoogleTest, and the
+# that are missing (cmake, a C++ compiler; for the tests GoogleTest, the
+# Boost headers, whose Boost.Geometry checks the Boolean operations, and the
 # tools that the install, package and picture tests use) with apt-get when
 # running as root on Debian; otherwise says what to install.
 polyarc_missing_deps() {
@@ -14,6 +15,7 @@ polyarc_missing_deps() {
     command -v rsvg-convert >/dev/null 2>&1 || missing+=(librsvg2-bin)
     command -v dpkg-shlibdeps >/dev/null 2>&1 || missing+=(dpkg-dev)
     command -v file >/dev/null 2>&1 || missing+=(file)
+    [ -f /usr/include/boost/geometry.hpp ] || missing+=(libboost-dev)
   fi
   echo "${missing[@]}"
 }

@@ -309,11 +309,46 @@ POLYARC_EXTERN uint16_t FlCleanKont(LI_HEAD *head, LI_TAB_STRUCT **k, int16_t si
 
 /* ---- Boolean operations ----------------------------------------------- */
 
-/* Union, difference (a - b) and intersection of two closed contours,
- * computed on copies (a and b are never changed). Elements shorter than
- * short_len are removed from the copies (keep 0 flattens arcs as well).
- * See the documentation of the result: status, then *no_cross, then
- * either *loops (0..*last) or *contain. */
+/* Union, difference (a - b) and intersection of two closed contours of
+ * either orientation, computed on copies: a and b are never changed, and
+ * every copy goes back to the store on every path.
+ *
+ * The copies lose their elements shorter than short_len (LiRemShort;
+ * with keep 0 nearly straight arcs become lines too) and their slivers
+ * (an arc whose ends coincide within tol in a contour of several
+ * elements: a cut left it, and as a full circle it would count as a whole
+ * disc and cross b anywhere on its circle). Boxes that do not overlap end
+ * the call at once. Then a runs counter-clockwise, and b too for union and
+ * intersection, clockwise for the difference; the crossing pipeline
+ * (FlCrossKonturClosed) rewires them, and FlCrossKonturCleanClosed keeps
+ * the loops the operation wants, given both areas.
+ *
+ * Reading the result:
+ * 1. status != 0: no result. *loops is null and *last FL_EMPTY.
+ *    PA_INVALID with *no_cross 0: a single loop, or two outer loops of a
+ *    union. PA_IMPOSSIBLE with *no_cross 0: the contours crossed but no
+ *    loop is of the operation's kind; for an intersection of contours
+ *    that only share boundary (a common side, part of one) this is the
+ *    empty intersection. PA_IMPOSSIBLE or PA_NO_RECORD with *no_cross 1:
+ *    the store or the memory ran out (or a crossing point was lost);
+ *    PA_LIST_FULL: more than FL_CROSS_MAX crossings; other codes come
+ *    from LiRemShort or the element recomputations. PA_INVALID for a null
+ *    argument or an empty contour.
+ * 2. *no_cross 0: the region is the loops 0..*last of *loops, a contour
+ *    list the caller frees with FlFreeList. A union gives its outer loop
+ *    (counter-clockwise) at index 0, then its holes (clockwise); an
+ *    intersection or a difference gives counter-clockwise loops, one per
+ *    piece.
+ * 3. *no_cross 1: nothing crossed, *loops is null, and *contain says how
+ *    the contours nest: 1 when a lies inside b (LiKontExactInKont; on the
+ *    boundary counts as inside), -1 when b lies inside a, 0 when they lie
+ *    apart (also when the boxes are disjoint). The caller draws:
+ *                  union          intersection   a - b
+ *      contain 1:  b              a              nothing
+ *      contain -1: a              b              a with b as its hole
+ *      contain 0:  a and b        nothing        a
+ * Contours that only touch at points do not cross (*no_cross 1); those
+ * that share a stretch of boundary usually do. */
 POLYARC_EXTERN uint16_t FlUnionKont(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b,
                                     double short_len, int32_t keep, LI_TAB_STRUCT ***loops,
                                     int16_t *last, uint32_t *no_cross, int16_t *contain);
@@ -324,60 +359,118 @@ POLYARC_EXTERN uint16_t FlIsectKont(LI_HEAD *head, const LI_TAB_STRUCT *a, const
                                     double short_len, int32_t keep, LI_TAB_STRUCT ***loops,
                                     int16_t *last, uint32_t *no_cross, int16_t *contain);
 
-/* Joins two contours along the stretches they share (at most 100). The
- * caller supplies the contour list loops with room for capacity + 1
- * entries. */
+/* Joins two closed contours along the stretches they share, as two
+ * neighbouring regions join: both are cut at the ends of every shared
+ * stretch (LiElemTeilen), the stretch is cut out of both, and each contour
+ * goes on with the other behind it. k1 and k2 are consumed. A shared
+ * stretch is one that both elements really cover, longer than tol, with
+ * its ends on element ends (two arcs of one circle that only meet end to
+ * end share nothing). Stretches that follow one another on both contours
+ * count as one; at most 100 are kept.
+ * The contours join where they run their common stretches in opposite
+ * senses; when they run all of them the same way (one of them clockwise),
+ * k2 is reversed first. Contours that coincide entirely are not joined.
+ * The loops go into the caller's array loops (indices 0..capacity), then
+ * those of positive area (negative with sign set) are moved out: the
+ * first to *out, later ones to *out2 (a loop that was there goes back to
+ * the store); *last is the last index of what stays. With nothing to join
+ * *out = k1, *out2 = k2 (cut, but whole) and *last = FL_EMPTY.
+ * Returns 0; PA_NO_RECORD for a 101st stretch, a record shortage while
+ * cutting, a broken chain, or loops beyond capacity (those go back to the
+ * store); PA_ZERO_RADIUS from a cut arc; PA_INVALID for a null argument or
+ * k1 == k2. After a failure while cutting, *out and *out2 hold the cut
+ * contours. */
 POLYARC_EXTERN uint16_t FlUnionIdent(LI_HEAD *head, LI_TAB_STRUCT *k1, LI_TAB_STRUCT *k2,
                                      uint32_t sign, LI_TAB_STRUCT **out, LI_TAB_STRUCT **out2,
                                      LI_TAB_STRUCT **loops, uint16_t capacity, int16_t *last);
 
-/* Removes spikes where the contour runs forward and straight back. */
+/* Removes spikes where the contour runs forward and straight back: for
+ * each element e (from the first) and its successor f that share a
+ * stretch in opposite senses from their joint, e and f cancel when f
+ * returns exactly to e's start; f takes e's start when it runs back
+ * beyond it (the walk then goes on with f); otherwise e ends where f ends
+ * and f goes (the walk goes on after e). With whole clear the pair of the
+ * last and the first element is not looked at. Changed contours are
+ * finished with LiCrunch. *k moves when its element goes and is null when
+ * nothing is left. Returns 0, the status of LiElemExpand, or PA_INVALID
+ * for a null head or k. */
 POLYARC_EXTERN uint16_t FlCleanIdent(LI_HEAD *head, LI_TAB_STRUCT **k, uint32_t whole);
 
 /* ---- Convexity -------------------------------------------------------- */
 
 /* *convex receives 0 when the joint from e to its successor f turns
- * against the orientation (1 counter-clockwise, -1 clockwise), else 1.
- * Returns 0. */
+ * against the orientation orient (1 counter-clockwise, -1 clockwise): f is
+ * an arc that bulges inwards (clockwise in a counter-clockwise contour and
+ * the other way round), or the cross product of e's end tangent and f's
+ * start tangent turns the wrong way by more than tol / f's length (tol /
+ * rad for an arc). Smaller turns, a degenerate f and any other orient
+ * count as convex (1), except for the arc rule. Returns 0, or PA_INVALID
+ * for a null argument. */
 POLYARC_EXTERN uint16_t FlTestKonvex(const LI_TAB_STRUCT *e, const LI_TAB_STRUCT *f, int16_t orient,
                                      uint32_t *convex);
 
-/* Turns every arc that bulges inwards for the orientation into its chord;
- * *changed receives 1 when one did. Returns 0 or the status of
- * LiElemExpand. */
+/* Turns every arc that bulges inwards for the orientation (1 or 65535 for
+ * -1, as in FlTestKonvex) into the line between its ends; *changed
+ * receives 1 when one did. Returns 0 (also for a null k), the status of
+ * LiElemExpand at the first failure (a full circle has no chord), or
+ * PA_INVALID for a null changed. */
 POLYARC_EXTERN uint16_t FlRemBogKonk(LI_TAB_STRUCT *k, uint16_t orient, uint32_t *changed);
 
-/* The common outer tangent of e and f, each taken as its circle or as its
- * outer end point: its touching points in *t1 and *t2. Returns 0,
- * PA_IMPOSSIBLE, or the status of GeCirCirTan. */
+/* The common outer tangent of e and f, each taken as its circle (arcs,
+ * with e_circle / f_circle set) or as its outer end point (e's ap, f's
+ * ep): its touching points in *t1 and *t2. Both points: the chord, 0. The
+ * first tangent of GeCirCirTan (outer tangents, signed radii) is taken
+ * when the feet of the circles' centres on it lie on their elements
+ * (GePtOnElem), else the second. Returns 0; PA_IMPOSSIBLE when neither
+ * tangent touches both elements or GeCirCirTan finds none (a point inside
+ * the circle); PA_INVALID for a null argument. */
 POLYARC_EXTERN uint16_t FlKonnKonvex(const LI_TAB_STRUCT *e, const LI_TAB_STRUCT *f,
                                      int32_t e_circle, int32_t f_circle, GE_POINT *t1,
                                      GE_POINT *t2);
 
-/* Tries FlKonnKonvex with the circles and end points of e and f in turn.
- * Returns 0, or PA_IMPOSSIBLE when no tangent fits. */
+/* Tries FlKonnKonvex in turn with both arcs as circles (lines are always
+ * points), e as its start point, f as its end point, and both as points;
+ * the first that fits gives *t1 and *t2. Returns 0, or PA_IMPOSSIBLE when
+ * none fits or an argument is null. */
 POLYARC_EXTERN int16_t FlSeekKon(const LI_TAB_STRUCT *e, const LI_TAB_STRUCT *f, GE_POINT *t1,
                                  GE_POINT *t2);
 
-/* Bridges the concave joint between e and its successor along their common
- * outer tangent. Returns 0, PA_IMPOSSIBLE (nothing changed), PA_NO_MEMORY,
- * or the status of LiElemExpand. */
+/* Bridges the concave joint between e and its successor f along their
+ * common outer tangent t1-t2 (FlSeekKon): e ends at t1 (or becomes the
+ * bridge when t1 is its start), f starts at t2 (or is deleted when t2 is
+ * its end), and a new line t1-t2 goes between when both keep a piece.
+ * *k moves when f was first and goes. Returns 0, PA_IMPOSSIBLE when no
+ * tangent fits or e is alone (nothing changed), PA_NO_MEMORY (nothing
+ * changed), the status of LiElemExpand, or PA_INVALID for a null
+ * argument. */
 POLYARC_EXTERN uint16_t FlRemKonkav(LI_HEAD *head, LI_TAB_STRUCT **k, LI_TAB_STRUCT *e);
 
 /* ---- Side, parallel and conic tests ----------------------------------- */
 
 /* The way e2 turns off e1 at a common point, given their unit tangents
- * there: 1, -1 or 0. The first argument is ignored. */
+ * t1, t2 there: 1 when t1 x t2 > tol (left), -1 when it is < -tol, both
+ * exchanged with swap set. Parallel tangents compare the curvatures
+ * (1/rad counter-clockwise, -1/rad clockwise, 0 for lines): with s the
+ * sign of t1.t2 beyond tol, the sign of k1 - s k2 beyond tol, whatever
+ * swap is. The first argument is ignored; 0 for a null argument. */
 POLYARC_EXTERN int16_t FlTangSide(const void *unused, const LI_TAB_STRUCT *e1, const GE_POINT *t1,
                                   const LI_TAB_STRUCT *e2, const GE_POINT *t2, int32_t swap);
 
-/* 1 when e1 and e2 lie on the same carrier, else 0. The first argument is
- * ignored. */
+/* 1 when e1 and e2 lie on the same carrier, else 0. Two lines (or moves):
+ * GeElemTestParallel is not 0 and the carriers' constants (rad) agree
+ * within tol once e2's is turned to e1's normal, so a line run the other
+ * way is on the same carrier and a line at the mirrored distance is not.
+ * Two arcs: radii and centres (per axis) within tol. Other pairs and null
+ * arguments: 0. The first argument is ignored. */
 POLYARC_EXTERN uint16_t FlParaTest(const void *unused, const LI_TAB_STRUCT *e1,
                                    const LI_TAB_STRUCT *e2);
 
-/* The largest loop of a - b (or of a and b, with isect set) in *out, or
- * null when they do not cross. Returns the Boolean operation's status. */
+/* The loop of largest |area| (the first of equals) of a - b, or of the
+ * intersection of a and b with isect set, in *out; the caller owns it.
+ * Short elements are removed at tol (at 100 x tol when tol is below its
+ * default 5e-05) and arcs are kept. *out stays null when the operation
+ * fails or the contours do not cross (whatever their nesting). Returns
+ * the Boolean operation's status, or PA_INVALID for a null out. */
 POLYARC_EXTERN uint16_t FlBewDiffMaxKont(LI_HEAD *head, const LI_TAB_STRUCT *a,
                                          const LI_TAB_STRUCT *b, int32_t isect,
                                          LI_TAB_STRUCT **out);

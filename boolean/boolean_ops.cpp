@@ -1,0 +1,226 @@
+// Union, difference and intersection of two closed contours, computed on
+// copies, and the largest loop of a difference or intersection.
+#include <cmath>
+
+#include "geom/predicates.h"
+#include "polyarc/fl.h"
+#include "polyarc/li.h"
+
+namespace polyarc {
+namespace {
+
+// A temporary copy: whatever chain it holds goes back to the store when
+// the operation ends, on every path.
+class CopyGuard {
+ public:
+  explicit CopyGuard(LI_HEAD *head) : head_(head) {}
+  CopyGuard(const CopyGuard &) = delete;
+  CopyGuard &operator=(const CopyGuard &) = delete;
+  ~CopyGuard() { Reset(); }
+  void Reset() { LiRemove(head_, &k_); }
+  LI_TAB_STRUCT *&k() { return k_; }
+
+ private:
+  LI_HEAD *head_;
+  LI_TAB_STRUCT *k_ = nullptr;
+};
+
+struct Box {
+  GE_POINT lo, hi;
+};
+
+// Touching boxes overlap.
+bool Overlap(const Box &a, const Box &b) {
+  return !(std::fmax(a.lo.x, b.lo.x) > std::fmin(a.hi.x, b.hi.x) ||
+           std::fmax(a.lo.y, b.lo.y) > std::fmin(a.hi.y, b.hi.y));
+}
+
+// An arc whose ends coincide in a contour of several elements is a sliver
+// left by a cut near an arc's end, not a full circle (the containment walk
+// skips it for that reason): it would count as a whole disc in areas and
+// boxes and cross B anywhere on its circle. It goes, and its neighbours
+// meet.
+uint16_t DropSlivers(LI_HEAD *head, LI_TAB_STRUCT *&k) {
+  const double tol = Tol();
+  const uint32_t n = LiCountElem(k);
+  LI_TAB_STRUCT *e = k;
+  for (uint32_t i = 0; i < n && k->next != k; ++i) {
+    LI_TAB_STRUCT *next = e->next;
+    if (IsArc(*e) && IsFullCircle(*e, tol)) {
+      LI_TAB_STRUCT *prev = e->prev;
+      LiDel(head, &k, e);
+      prev->ep = next->ap;
+      if (IsArc(*prev)) LiRadKorr(prev);
+      if (auto status = LiElemExpand(prev); status != PA_OK) return status;
+    }
+    e = next;
+  }
+  return PA_OK;
+}
+
+// Copies src whole into copy, removes its short elements (flattening
+// nearly straight arcs unless told to keep them) and slivers, and takes
+// its box.
+uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, bool keep_arcs,
+                     CopyGuard &copy, Box &box) {
+  copy.Reset();
+  copy.k() = LiCopyBlock(head, src, src->prev);
+  if (copy.k() == nullptr) return PA_NO_RECORD;
+  if (auto status = LiRemShort(head, &copy.k(), 1, short_len, keep_arcs ? 0 : 1); status != PA_OK)
+    return status;
+  if (auto status = DropSlivers(head, copy.k()); status != PA_OK) return status;
+  LiKontBox(copy.k(), &box.lo, &box.hi);
+  return PA_OK;
+}
+
+enum class Sense { kPositive, kNegative };
+
+// Turns the copy to the wanted sense; returns its area as it came.
+double Orient(LI_TAB_STRUCT *&k, Sense sense) {
+  const double area = LiKontArea(k);
+  const bool turn = sense == Sense::kPositive ? !(area >= 0.0) : area > 0.0;
+  if (turn) LiKontChgDir(&k);
+  return std::fabs(area);
+}
+
+struct Result {
+  LI_TAB_STRUCT ***loops;
+  int16_t *last;
+  uint32_t *no_cross;
+  int16_t *contain;
+};
+
+void DropList(LI_HEAD *head, const Result &r) {
+  FlFreeList(head, r.loops, *r.last);
+  *r.last = FL_EMPTY;
+}
+
+struct Operands {
+  const LI_TAB_STRUCT *a, *b;
+  double short_len;
+  bool keep_arcs;
+};
+
+// Nothing crossed: A or B may have been cut at crossings that came to
+// nothing, so those are copied afresh before the nesting is decided.
+uint16_t Contain(LI_HEAD *head, const Operands &in, uint32_t split, CopyGuard &ca, CopyGuard &cb,
+                 Box &ba, Box &bb, int16_t &contain) {
+  if ((split & 1) != 0)
+    if (auto status = PrepareCopy(head, in.a, in.short_len, in.keep_arcs, ca, ba); status != PA_OK)
+      return status;
+  if ((split & 2) != 0)
+    if (auto status = PrepareCopy(head, in.b, in.short_len, in.keep_arcs, cb, bb); status != PA_OK)
+      return status;
+  if (LiKontExactInKont(ca.k(), cb.k(), &ba.lo, &ba.hi, &bb.lo, &bb.hi) != 0) {
+    contain = 1;
+  } else if (LiKontExactInKont(cb.k(), ca.k(), &bb.lo, &bb.hi, &ba.lo, &ba.hi) != 0) {
+    contain = -1;
+  }
+  return PA_OK;
+}
+
+uint16_t Combine(LI_HEAD *head, const Operands &in, int32_t op, const Result &r) {
+  *r.loops = nullptr;
+  *r.last = FL_EMPTY;
+  *r.no_cross = 1;
+  *r.contain = 0;
+  CopyGuard ca(head), cb(head);
+  Box ba{}, bb{};
+  if (auto status = PrepareCopy(head, in.a, in.short_len, in.keep_arcs, ca, ba); status != PA_OK)
+    return status;
+  if (auto status = PrepareCopy(head, in.b, in.short_len, in.keep_arcs, cb, bb); status != PA_OK)
+    return status;
+  if (!Overlap(ba, bb)) return PA_OK;
+  const double area_a = Orient(ca.k(), Sense::kPositive);
+  const double area_b =
+      Orient(cb.k(), op == FL_OP_DIFFERENCE ? Sense::kNegative : Sense::kPositive);
+  uint32_t split = 0;
+  if (auto status = FlCrossKonturClosed(head, &ca.k(), &cb.k(), op, &split, r.loops, r.last);
+      status != PA_OK) {
+    DropList(head, r);
+    return status;
+  }
+  if (*r.last == FL_EMPTY) return Contain(head, in, split, ca, cb, ba, bb, *r.contain);
+  // The copies now live on in the loops.
+  *r.no_cross = 0;
+  const uint16_t status =
+      FlCrossKonturCleanClosed(head, area_a, area_b, static_cast<uint32_t>(op), *r.loops, r.last);
+  if (status != PA_OK) DropList(head, r);
+  return status;
+}
+
+uint16_t Boolean(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, double short_len,
+                 int32_t keep, int32_t op, LI_TAB_STRUCT ***loops, int16_t *last,
+                 uint32_t *no_cross, int16_t *contain) {
+  if (head == nullptr || loops == nullptr || last == nullptr || no_cross == nullptr ||
+      contain == nullptr)
+    return PA_INVALID;
+  if (a == nullptr || b == nullptr) {
+    *loops = nullptr;
+    *last = FL_EMPTY;
+    return PA_INVALID;
+  }
+  return Combine(head, Operands{a, b, short_len, keep != 0}, op,
+                 Result{loops, last, no_cross, contain});
+}
+
+// Short elements are removed at the tolerance, or at 100 x tol when the
+// tolerance is set finer than its default.
+double ShortLength() {
+  const double tol = Tol();
+  return tol >= 5e-5 ? tol : 100.0 * tol;
+}
+
+// Takes the loop of largest |area| (the earliest on a tie) out of the list.
+LI_TAB_STRUCT *TakeLargest(LI_TAB_STRUCT **loops, int16_t last) {
+  int16_t best = 0;
+  double best_area = std::fabs(LiKontArea(loops[0]));
+  for (int16_t i = 1; i <= last; ++i) {
+    const double area = std::fabs(LiKontArea(loops[i]));
+    if (area > best_area) {
+      best = i;
+      best_area = area;
+    }
+  }
+  LI_TAB_STRUCT *k = loops[best];
+  loops[best] = nullptr;
+  return k;
+}
+
+}  // namespace
+}  // namespace polyarc
+
+using namespace polyarc;
+
+extern "C" uint16_t FlUnionKont(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b,
+                                double short_len, int32_t keep, LI_TAB_STRUCT ***loops,
+                                int16_t *last, uint32_t *no_cross, int16_t *contain) {
+  return Boolean(head, a, b, short_len, keep, FL_OP_UNION, loops, last, no_cross, contain);
+}
+
+extern "C" uint16_t FlDiffKont(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b,
+                               double short_len, int32_t keep, LI_TAB_STRUCT ***loops,
+                               int16_t *last, uint32_t *no_cross, int16_t *contain) {
+  return Boolean(head, a, b, short_len, keep, FL_OP_DIFFERENCE, loops, last, no_cross, contain);
+}
+
+extern "C" uint16_t FlIsectKont(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b,
+                                double short_len, int32_t keep, LI_TAB_STRUCT ***loops,
+                                int16_t *last, uint32_t *no_cross, int16_t *contain) {
+  return Boolean(head, a, b, short_len, keep, FL_OP_INTERSECTION, loops, last, no_cross, contain);
+}
+
+extern "C" uint16_t FlBewDiffMaxKont(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b,
+                                     int32_t isect, LI_TAB_STRUCT **out) {
+  if (out == nullptr) return PA_INVALID;
+  *out = nullptr;
+  LI_TAB_STRUCT **loops = nullptr;
+  int16_t last = FL_EMPTY, contain = 0;
+  uint32_t no_cross = 1;
+  const int32_t op = isect != 0 ? FL_OP_INTERSECTION : FL_OP_DIFFERENCE;
+  const uint16_t status =
+      Boolean(head, a, b, ShortLength(), 1, op, &loops, &last, &no_cross, &contain);
+  if (status == PA_OK && no_cross == 0 && last >= 0) *out = TakeLargest(loops, last);
+  if (head != nullptr) FlFreeList(head, &loops, last);
+  return status;
+}
