@@ -112,6 +112,55 @@ const char kResultExitStatus[] =
     "an output cannot be written, or when the library refuses the operation\n"
     "(the message says what its status means), 2 for a usage error.\n";
 
+// The help of union, intersection or difference: its usage line, what it
+// computes and how it reads an answer without crossings.
+std::string BooleanHelp(const char *command, const char *about) {
+  return std::string("usage: polyarc ") + command +
+         " A.txt B.txt [--a N] [--b N] [-o OUT.txt] [--svg OUT.svg]\n\n" + about +
+         "\n"
+         "A and B may run either way round; the library works on copies of them,\n"
+         "without their elements shorter than the tolerance. The report gives the\n"
+         "library's status and the loops of the result with their areas; the loops\n"
+         "written run counter-clockwise, holes clockwise.\n"
+         "\n"
+         "options:\n"
+         "  --a N, --b N          the N-th block of A's or B's file; without it the\n"
+         "                        file must hold a single block\n" +
+         kResultOptions +
+         "  -h, --help            this text\n"
+         "\n"
+         "Exit status: 0 on success (an empty result too), 1 when a file cannot be\n"
+         "read, is malformed or holds an open contour, when an output cannot be\n"
+         "written, or when the library refuses the operation (the message says what\n"
+         "its status means), 2 for a usage error (also a file of several blocks\n"
+         "without --a or --b).\n";
+}
+
+const std::string kUnionHelp = BooleanHelp(
+    "union",
+    "The union of two closed contours A and B (FlUnionKont): an outer loop and\n"
+    "the holes that A and B close off between them. When A and B do not cross,\n"
+    "the library says how they nest, and the union is the outer one when one\n"
+    "lies inside the other, both when they lie apart; the report says which.\n");
+
+const std::string kIntersectionHelp = BooleanHelp(
+    "intersection",
+    "The intersection of two closed contours A and B (FlIsectKont): a loop per\n"
+    "piece. When A and B do not cross, the library says how they nest, and the\n"
+    "intersection is the inner one when one lies inside the other, empty when\n"
+    "they lie apart; the report says which. Contours that only share boundary\n"
+    "(a common side) cross, but no loop is part of the intersection: the\n"
+    "library answers that no loop fits, and the intersection is empty.\n");
+
+const std::string kDifferenceHelp = BooleanHelp(
+    "difference",
+    "The difference A - B of two closed contours (FlDiffKont): what is left of\n"
+    "A outside B, a loop per piece. When A and B do not cross, the library says\n"
+    "how they nest, and A - B is empty when A lies inside B, A with B as its\n"
+    "hole when B lies inside A, and A when they lie apart; the report says\n"
+    "which. When A lies inside B along a common side no loop is left: the\n"
+    "library answers that no loop fits, and A - B is empty.\n");
+
 const std::string kOffsetHelp =
     std::string(
         "usage: polyarc offset FILE -d D [--side left|right|out|in]\n"
@@ -169,6 +218,10 @@ const std::string kRectOffsetHelp =
         "  --block N             the N-th block of the file (default 1)\n") +
     kResultOptions + "  -h, --help            this text\n" + kResultExitStatus;
 
+std::vector<OptionDef> BooleanOptions() {
+  return {{"a", 0, true}, {"b", 0, true}, {"output", 'o', true}, {"svg", 0, true}};
+}
+
 const std::vector<Command> &Commands() {
   static const std::vector<Command> commands = {
       {"info",
@@ -186,6 +239,17 @@ const std::vector<Command> &Commands() {
         {"block", 0, true},
         {"case", 0, true}},
        RunRender},
+      {"union", "the union of two closed contours", kUnionHelp, BooleanOptions(), RunUnion},
+      {"intersection",
+       "the intersection of two closed contours",
+       kIntersectionHelp,
+       BooleanOptions(),
+       RunIntersection},
+      {"difference",
+       "A - B of two closed contours",
+       kDifferenceHelp,
+       BooleanOptions(),
+       RunDifference},
       {"offset",
        "the parallel offset of a contour",
        kOffsetHelp,
