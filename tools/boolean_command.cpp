@@ -10,6 +10,7 @@
 #include "operation_output.h"
 #include "polyarc/fl.h"
 #include "polyarc/ge.h"
+#include "measures.h"
 #include "status_text.h"
 
 namespace polyarc_tool {
@@ -90,6 +91,19 @@ std::optional<std::pair<Source, Source>> ParseRequest(const Options &options,
   return sources;
 }
 
+// The first point where k meets itself away from the joints of its
+// neighbouring elements, if any. The library's reading of a result (a
+// region, or no loop of the operation's kind) holds for contours that do
+// not: a figure eight would pass for two contours that only touch.
+std::optional<GE_POINT> SelfCrossing(LI_TAB_STRUCT *k) {
+  GE_CROSS *list = nullptr;
+  int16_t last = FL_EMPTY;
+  std::optional<GE_POINT> at;
+  if (FlCrossListSingle(k, &list, &last, 0) == PA_OK && last != FL_EMPTY) at = list[0].pt;
+  FlFreeCross(&list);
+  return at;
+}
+
 // Reads the operand into files. Without a chosen block the file must hold
 // exactly one. Returns kExitOk, or the exit code after telling err why.
 int ReadOperand(const char *command, const Source &source, InputFiles &files, std::ostream &err) {
@@ -106,8 +120,14 @@ int ReadOperand(const char *command, const Source &source, InputFiles &files, st
         << " N (see 'polyarc " << command << " --help')\n";
     return kExitUsage;
   }
-  if (LiTestClosed(list.contours()[0].k) != 1) {
+  LI_TAB_STRUCT *k = list.contours()[0].k;
+  if (LiTestClosed(k) != 1) {
     err << prefix << ": " << source.name << " is open; Boolean operations need closed contours\n";
+    return kExitFailure;
+  }
+  if (const auto at = SelfCrossing(k)) {
+    err << prefix << ": " << source.name << " meets itself at (" << FormatShort(at->x) << ", "
+        << FormatShort(at->y) << "); Boolean operations need contours that do not\n";
     return kExitFailure;
   }
   return kExitOk;

@@ -118,10 +118,12 @@ std::string BooleanHelp(const char *command, const char *about) {
   return std::string("usage: polyarc ") + command +
          " A.txt B.txt [--a N] [--b N] [-o OUT.txt] [--svg OUT.svg]\n\n" + about +
          "\n"
-         "A and B may run either way round; the library works on copies of them,\n"
-         "without their elements shorter than the tolerance. The report gives the\n"
-         "library's status and the loops of the result with their areas; the loops\n"
-         "written run counter-clockwise, holes clockwise.\n"
+         "A and B may run either way round, but neither may meet itself (a figure\n"
+         "eight, a vertex on another side): the program refuses such a contour. The\n"
+         "library works on copies of them, without their elements shorter than the\n"
+         "tolerance. The report gives the library's status and the loops of the\n"
+         "result with their areas; the loops written run counter-clockwise, holes\n"
+         "clockwise.\n"
          "\n"
          "options:\n"
          "  --a N, --b N          the N-th block of A's or B's file; without it the\n"
@@ -130,10 +132,10 @@ std::string BooleanHelp(const char *command, const char *about) {
          "  -h, --help            this text\n"
          "\n"
          "Exit status: 0 on success (an empty result too), 1 when a file cannot be\n"
-         "read, is malformed or holds an open contour, when an output cannot be\n"
-         "written, or when the library refuses the operation (the message says what\n"
-         "its status means), 2 for a usage error (also a file of several blocks\n"
-         "without --a or --b).\n";
+         "read, is malformed, or holds an open contour or one that meets itself,\n"
+         "when an output cannot be written, or when the library refuses the\n"
+         "operation (the message says what its status means), 2 for a usage error\n"
+         "(also a file of several blocks without --a or --b).\n";
 }
 
 const std::string kUnionHelp = BooleanHelp(

@@ -26,12 +26,6 @@ const char kSlot[] = "0 0\n3 0 1\n3 2\n0 2 -1\n";
 const char kPath[] = "open\n0 0\n2 0 1\n4 0\n4 2 -0.5\n6 4\n";  // lines and arcs of both senses
 const char kLine[] = "open\n0 0\n4 0\n";
 
-int Loops(const std::string &report) {
-  std::smatch m;
-  if (std::regex_search(report, m, std::regex("result: ([0-9]+) loop"))) return std::stoi(m[1]);
-  return report.find("result: empty") != std::string::npos ? 0 : -1;
-}
-
 TEST(OffsetCommand, AreasKnownByHand) {
   const auto dir = ScratchDir();
   using Args = std::vector<std::string>;
@@ -57,7 +51,7 @@ TEST(OffsetCommand, AreasKnownByHand) {
     const RunResult r = Polyarc(all);
     const std::string what = std::string(text) + args[1] + (args.size() > 2 ? args.back() : "");
     ASSERT_EQ(r.code, 0) << what << r.err;
-    EXPECT_EQ(Loops(r.out), loops) << what << r.out;
+    EXPECT_EQ(ReportedLoops(r.out), loops) << what << r.out;
     const double total = Reported(r.out, "total area");
     if (std::isnan(area)) {
       EXPECT_TRUE(std::isnan(total)) << what << r.out;
@@ -144,7 +138,7 @@ TEST(RectOffsetCommand, OutlinesKnownByHand) {
     all.insert(all.end(), args.begin(), args.end());
     const RunResult r = Polyarc(all);
     ASSERT_EQ(r.code, 0) << text << r.err;
-    EXPECT_EQ(Loops(r.out), loops) << text << r.out;
+    EXPECT_EQ(ReportedLoops(r.out), loops) << text << r.out;
     EXPECT_NEAR(Reported(r.out, "total area"), area, kPrinted * area) << text << r.out;
   }
 }

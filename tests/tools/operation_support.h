@@ -53,6 +53,14 @@ inline double Reported(const std::string &report, const std::string &label) {
   return std::stod(m[1]);
 }
 
+// The number of loops in a report: "result: N loops", 0 for "result:
+// empty", -1 when there is no result line.
+inline int ReportedLoops(const std::string &report) {
+  std::smatch m;
+  if (std::regex_search(report, m, std::regex("result: ([0-9]+) loop"))) return std::stoi(m[1]);
+  return report.find("result: empty") != std::string::npos ? 0 : -1;
+}
+
 // The signed areas of the contours in a contour text file, in order.
 inline std::vector<double> AreasInFile(const std::string &path) {
   LI_HEAD store{};
