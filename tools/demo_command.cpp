@@ -114,6 +114,47 @@ uint16_t RoundOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_ROUND); }
 uint16_t SharpOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_SHARP); }
 uint16_t OpenOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_GAP); }
 
+// A rounded rectangle and a circle over its right end, each crossing the
+// other's arcs, as the operands of a Boolean operation.
+uint16_t Operands(DemoSection &s, LI_TAB_STRUCT *&a, LI_TAB_STRUCT *&b) {
+  a = nullptr;
+  b = nullptr;
+  LI_TAB_STRUCT *&rounded = s.NewOutline("A: LiCreateRound(2, 1, 0.5)");
+  uint16_t status = LiCreateRound(s.store(), &rounded, 2, 1, 0.5);
+  LI_TAB_STRUCT *&circle = s.NewOutline("B: LiCreateCircle((2, 0), 1, ccw)");
+  if (status == PA_OK) status = LiNew(s.store(), &circle);
+  const GE_POINT centre{2, 0};
+  if (status == PA_OK) status = LiCreateCircle(&centre, 1, 1, circle);
+  a = rounded;
+  b = circle;
+  return status;
+}
+
+using BooleanOp = uint16_t (*)(LI_HEAD *, const LI_TAB_STRUCT *, const LI_TAB_STRUCT *, double,
+                               int32_t, LI_TAB_STRUCT ***, int16_t *, uint32_t *, int16_t *);
+
+// The loops of one Boolean operation on the operands. The shapes cross, so
+// the library answers with loops, not with how they nest.
+uint16_t Boolean(DemoSection &s, BooleanOp op, const std::string &name) {
+  LI_TAB_STRUCT *a = nullptr, *b = nullptr;
+  uint16_t status = Operands(s, a, b);
+  LI_TAB_STRUCT **loops = nullptr;
+  int16_t last = FL_EMPTY, contain = 0;
+  uint32_t no_cross = 1;
+  if (status == PA_OK) status = op(s.store(), a, b, 0, 1, &loops, &last, &no_cross, &contain);
+  if (status == PA_OK && no_cross != 0) status = PA_IMPOSSIBLE;
+  for (int16_t i = 0; status == PA_OK && i <= last; ++i) {
+    const std::string label = name + (last > 0 ? ", loop " + std::to_string(i + 1) : "");
+    s.NewShape(label) = std::exchange(loops[i], nullptr);
+  }
+  FlFreeList(s.store(), &loops, last);
+  return status;
+}
+
+uint16_t Union(DemoSection &s) { return Boolean(s, FlUnionKont, "FlUnionKont"); }
+uint16_t Intersection(DemoSection &s) { return Boolean(s, FlIsectKont, "FlIsectKont"); }
+uint16_t Difference(DemoSection &s) { return Boolean(s, FlDiffKont, "FlDiffKont (A - B)"); }
+
 // The sections in the order of the table and the picture.
 const DemoEntry kSections[] = {
     {"Rectangle", Rectangle},                 // LiCreateRect
@@ -124,6 +165,9 @@ const DemoEntry kSections[] = {
     {"Offset, round corners", RoundOffsets},  // FlParallClean
     {"Offset, sharp corners", SharpOffsets},
     {"Offset, corners left open", OpenOffsets},
+    {"Union", Union},                // FlUnionKont
+    {"Intersection", Intersection},  // FlIsectKont
+    {"Difference", Difference},      // FlDiffKont
 };
 
 // ---- Output -----------------------------------------------------------------
@@ -169,7 +213,9 @@ std::string Picture(const std::deque<DemoSection> &sections) {
   for (const DemoSection &section : sections) {
     SvgPanel panel{section.title(), {}};
     for (const DemoSection::Shape &shape : section.shapes()) {
-      panel.layers.push_back({shape.label, {shape.k}, shape.vertices});
+      SvgLayer layer{shape.label, {shape.k}, shape.vertices};
+      if (shape.outline) layer.fill = 0;
+      panel.layers.push_back(std::move(layer));
     }
     panels.push_back(std::move(panel));
   }
