@@ -7,10 +7,10 @@
 #include "cli.h"
 #include "commands.h"
 #include "input_files.h"
+#include "measures.h"
 #include "operation_output.h"
 #include "polyarc/fl.h"
 #include "polyarc/ge.h"
-#include "measures.h"
 #include "status_text.h"
 
 namespace polyarc_tool {
@@ -74,8 +74,7 @@ struct Source {
   }
 };
 
-std::optional<std::pair<Source, Source>> ParseRequest(const Options &options,
-                                                      std::string &usage) {
+std::optional<std::pair<Source, Source>> ParseRequest(const Options &options, std::string &usage) {
   if (options.operands.size() != 2) {
     usage = options.operands.size() < 2 ? "two files needed (A.txt B.txt)" : "two files only";
     return std::nullopt;
@@ -191,8 +190,7 @@ Answer Combine(const Operation &op, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT 
   return answer;
 }
 
-int RunBoolean(const Operation &op, const Options &options, std::ostream &out,
-               std::ostream &err) {
+int RunBoolean(const Operation &op, const Options &options, std::ostream &out, std::ostream &err) {
   std::string usage;
   const auto request = ParseRequest(options, usage);
   if (!request) {
@@ -209,8 +207,8 @@ int RunBoolean(const Operation &op, const Options &options, std::ostream &out,
   const LI_TAB_STRUCT *a = files.lists()[0].contours()[0].k;
   const LI_TAB_STRUCT *b = files.lists()[1].contours()[0].k;
   std::ostream &report = Report(options, out, err);
-  const std::string title = std::string(op.command) + " of " + request->first.Label() + " and " +
-                            request->second.Label();
+  const std::string title =
+      std::string(op.command) + " of " + request->first.Label() + " and " + request->second.Label();
   report << title << '\n';
   ContourList loops(files.store());
   const Answer answer = Combine(op, a, b, loops);
@@ -223,7 +221,9 @@ int RunBoolean(const Operation &op, const Options &options, std::ostream &out,
   if (!answer.note.empty()) report << answer.note << '\n';
   PrintLoops(loops, report);
   const OperationResult result{
-      op.command, title, {{"A: " + request->first.path, a}, {"B: " + request->second.path, b}},
+      op.command,
+      title,
+      {{"A: " + request->first.path, a}, {"B: " + request->second.path, b}},
       &loops};
   return WriteResult(result, options, out, err) ? kExitOk : kExitFailure;
 }

@@ -140,30 +140,30 @@ std::string BooleanHelp(const char *command, const char *about) {
          "(also a file of several blocks without --a or --b).\n";
 }
 
-const std::string kUnionHelp = BooleanHelp(
-    "union",
-    "The union of two closed contours A and B (FlUnionKont): an outer loop and\n"
-    "the holes that A and B close off between them. When A and B do not cross,\n"
-    "the library says how they nest, and the union is the outer one when one\n"
-    "lies inside the other, both when they lie apart; the report says which.\n");
+const std::string kUnionHelp =
+    BooleanHelp("union",
+                "The union of two closed contours A and B (FlUnionKont): an outer loop and\n"
+                "the holes that A and B close off between them. When A and B do not cross,\n"
+                "the library says how they nest, and the union is the outer one when one\n"
+                "lies inside the other, both when they lie apart; the report says which.\n");
 
-const std::string kIntersectionHelp = BooleanHelp(
-    "intersection",
-    "The intersection of two closed contours A and B (FlIsectKont): a loop per\n"
-    "piece. When A and B do not cross, the library says how they nest, and the\n"
-    "intersection is the inner one when one lies inside the other, empty when\n"
-    "they lie apart; the report says which. Contours that only share boundary\n"
-    "(a common side) cross, but no loop is part of the intersection: the\n"
-    "library answers that no loop fits, and the intersection is empty.\n");
+const std::string kIntersectionHelp =
+    BooleanHelp("intersection",
+                "The intersection of two closed contours A and B (FlIsectKont): a loop per\n"
+                "piece. When A and B do not cross, the library says how they nest, and the\n"
+                "intersection is the inner one when one lies inside the other, empty when\n"
+                "they lie apart; the report says which. Contours that only share boundary\n"
+                "(a common side) cross, but no loop is part of the intersection: the\n"
+                "library answers that no loop fits, and the intersection is empty.\n");
 
-const std::string kDifferenceHelp = BooleanHelp(
-    "difference",
-    "The difference A - B of two closed contours (FlDiffKont): what is left of\n"
-    "A outside B, a loop per piece. When A and B do not cross, the library says\n"
-    "how they nest, and A - B is empty when A lies inside B, A with B as its\n"
-    "hole when B lies inside A, and A when they lie apart; the report says\n"
-    "which. When A lies inside B along a common side no loop is left: the\n"
-    "library answers that no loop fits, and A - B is empty.\n");
+const std::string kDifferenceHelp =
+    BooleanHelp("difference",
+                "The difference A - B of two closed contours (FlDiffKont): what is left of\n"
+                "A outside B, a loop per piece. When A and B do not cross, the library says\n"
+                "how they nest, and A - B is empty when A lies inside B, A with B as its\n"
+                "hole when B lies inside A, and A when they lie apart; the report says\n"
+                "which. When A lies inside B along a common side no loop is left: the\n"
+                "library answers that no loop fits, and A - B is empty.\n");
 
 const std::string kOffsetHelp =
     std::string(
@@ -244,15 +244,9 @@ const std::vector<Command> &Commands() {
         {"case", 0, true}},
        RunRender},
       {"union", "the union of two closed contours", kUnionHelp, BooleanOptions(), RunUnion},
-      {"intersection",
-       "the intersection of two closed contours",
-       kIntersectionHelp,
-       BooleanOptions(),
-       RunIntersection},
-      {"difference",
-       "A - B of two closed contours",
-       kDifferenceHelp,
-       BooleanOptions(),
+      {"intersection", "the intersection of two closed contours", kIntersectionHelp,
+       BooleanOptions(), RunIntersection},
+      {"difference", "A - B of two closed contours", kDifferenceHelp, BooleanOptions(),
        RunDifference},
       {"offset",
        "the parallel offset of a contour",

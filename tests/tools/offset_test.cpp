@@ -150,7 +150,7 @@ TEST(OffsetCommand, UsageErrorsAndRefusals) {
   // A half circle offset towards its centre by more than its radius
   // collapses: the library refuses it.
   const std::string arc = WriteText(dir, "arc.txt", "open\n0 0 1\n2 0\n");
-  const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
+  ExpectRefusals({
       {{"offset", square}, 2, "no distance given (-d D)"},
       {{"offset", square, "-d", "wide"}, 2, "-d needs a number, not 'wide'"},
       {{"offset", "-d", "1"}, 2, "no file given"},
@@ -165,12 +165,7 @@ TEST(OffsetCommand, UsageErrorsAndRefusals) {
       {{"offset", arc, "-d", "2"},
        1,
        "the offset failed: invalid argument or geometry (status 3011)"},
-  };
-  for (const auto &[args, code, message] : cases) {
-    const RunResult r = Polyarc(args);
-    EXPECT_EQ(r.code, code) << message;
-    EXPECT_NE(r.err.find(message), std::string::npos) << r.err;
-  }
+  });
 }
 
 }  // namespace

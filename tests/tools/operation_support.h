@@ -53,6 +53,22 @@ inline double Reported(const std::string &report, const std::string &label) {
   return std::stod(m[1]);
 }
 
+// A command line that the program refuses: its exit code and a part of
+// its message on standard error.
+struct Refusal {
+  std::vector<std::string> args;
+  int code;
+  std::string message;
+};
+
+inline void ExpectRefusals(const std::vector<Refusal> &cases) {
+  for (const Refusal &c : cases) {
+    const RunResult r = Polyarc(c.args);
+    EXPECT_EQ(r.code, c.code) << c.message;
+    EXPECT_NE(r.err.find(c.message), std::string::npos) << r.err;
+  }
+}
+
 // The number of loops in a report: "result: N loops", 0 for "result:
 // empty", -1 when there is no result line.
 inline int ReportedLoops(const std::string &report) {
