@@ -1,7 +1,10 @@
 // polyarc union, intersection and difference: a Boolean operation on two
 // closed contours, and the region that the library's answer stands for
 // when the contours do not cross.
+#include <optional>
 #include <ostream>
+#include <set>
+#include <string>
 #include <utility>
 
 #include "cli.h"
@@ -24,8 +27,7 @@ struct Drawn {
   const char *what;  // "B", "A with B as its hole", "empty"
 };
 
-using BooleanFn = uint16_t (*)(LI_HEAD *, const LI_TAB_STRUCT *, const LI_TAB_STRUCT *, double,
-                               int32_t, LI_TAB_STRUCT ***, int16_t *, uint32_t *, int16_t *);
+using BooleanFn = decltype(&FlUnionKont);  // and FlIsectKont, FlDiffKont
 
 struct Operation {
   const char *command;  // "union"
@@ -93,7 +95,8 @@ std::optional<std::pair<Source, Source>> ParseRequest(const Options &options, st
 // The first point where k meets itself away from the joints of its
 // neighbouring elements, if any. The library's reading of a result (a
 // region, or no loop of the operation's kind) holds for contours that do
-// not: a figure eight would pass for two contours that only touch.
+// not: a figure eight would pass for two contours that only touch. A
+// search that fails (no memory) finds nothing, and the operation goes on.
 std::optional<GE_POINT> SelfCrossing(LI_TAB_STRUCT *k) {
   GE_CROSS *list = nullptr;
   int16_t last = FL_EMPTY;
@@ -179,8 +182,8 @@ Answer Combine(const Operation &op, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT 
     for (int16_t i = 0; i <= last; ++i) loops.Add(std::exchange(list[i], nullptr));
     answer.region = true;
   } else if (answer.status == PA_OK) {
-    answer.region = DrawNesting(op, contain, a, b, loops, answer.note) == PA_OK;
-    if (!answer.region) answer.status = PA_NO_RECORD;
+    answer.status = DrawNesting(op, contain, a, b, loops, answer.note);
+    answer.region = answer.status == PA_OK;
   } else if (answer.status == PA_IMPOSSIBLE && no_cross == 0 && op.empty_because != nullptr) {
     answer.region = true;
     answer.note = std::string("the contours cross, but no loop is part of ") + op.result + " (" +

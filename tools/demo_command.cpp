@@ -117,8 +117,6 @@ uint16_t OpenOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_GAP); }
 // A rounded rectangle and a circle over its right end, each crossing the
 // other's arcs, as the operands of a Boolean operation.
 uint16_t Operands(DemoSection &s, LI_TAB_STRUCT *&a, LI_TAB_STRUCT *&b) {
-  a = nullptr;
-  b = nullptr;
   LI_TAB_STRUCT *&rounded = s.NewOutline("A: LiCreateRound(2, 1, 0.5)");
   uint16_t status = LiCreateRound(s.store(), &rounded, 2, 1, 0.5);
   LI_TAB_STRUCT *&circle = s.NewOutline("B: LiCreateCircle((2, 0), 1, ccw)");
@@ -130,8 +128,7 @@ uint16_t Operands(DemoSection &s, LI_TAB_STRUCT *&a, LI_TAB_STRUCT *&b) {
   return status;
 }
 
-using BooleanOp = uint16_t (*)(LI_HEAD *, const LI_TAB_STRUCT *, const LI_TAB_STRUCT *, double,
-                               int32_t, LI_TAB_STRUCT ***, int16_t *, uint32_t *, int16_t *);
+using BooleanOp = decltype(&FlUnionKont);  // and FlIsectKont, FlDiffKont
 
 // The loops of one Boolean operation on the operands. The shapes cross, so
 // the library answers with loops, not with how they nest.
