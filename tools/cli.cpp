@@ -133,11 +133,11 @@ std::string BooleanHelp(const char *command, const char *about) {
          kResultOptions +
          "  -h, --help            this text\n"
          "\n"
-         "Exit status: 0 on success (an empty result too), 1 when a file cannot be\n"
-         "read, is malformed, or holds an open contour or one that meets itself,\n"
-         "when an output cannot be written, or when the library refuses the\n"
-         "operation (the message says what its status means), 2 for a usage error\n"
-         "(also a file of several blocks without --a or --b).\n";
+         "Exit status: 0 on success, 1 when a file cannot be read, is malformed, or\n"
+         "holds an open contour or one that meets itself, when an output cannot be\n"
+         "written, or when the library refuses the operation (the message says what\n"
+         "its status means), 2 for a usage error (also a file of several blocks\n"
+         "without --a or --b). An empty result is a success.\n";
 }
 
 const std::string kUnionHelp =

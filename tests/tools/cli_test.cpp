@@ -134,7 +134,8 @@ TEST(Cli, HelpUsageAndVersion) {
   const Result r = Polyarc({"--help"});
   EXPECT_EQ(r.code, 0);
   EXPECT_NE(r.out.find("--version"), std::string::npos);
-  for (const char *command : {"info", "render", "offset", "rect-offset", "demo"}) {
+  for (const char *command :
+       {"info", "render", "union", "intersection", "difference", "offset", "rect-offset", "demo"}) {
     EXPECT_NE(r.out.find(std::string("  ") + command + " "), std::string::npos) << command;
     const Result help = Polyarc({command, "--help"});
     EXPECT_TRUE(help.code == 0 && help.out.rfind(std::string("usage: polyarc ") + command, 0) == 0)
