@@ -134,7 +134,8 @@ TEST(Cli, HelpUsageAndVersion) {
   const Result r = Polyarc({"--help"});
   EXPECT_EQ(r.code, 0);
   EXPECT_NE(r.out.find("--version"), std::string::npos);
-  for (const char *command : {"info", "render", "demo"}) {
+  for (const char *command :
+       {"info", "render", "union", "intersection", "difference", "offset", "rect-offset", "demo"}) {
     EXPECT_NE(r.out.find(std::string("  ") + command + " "), std::string::npos) << command;
     const Result help = Polyarc({command, "--help"});
     EXPECT_TRUE(help.code == 0 && help.out.rfind(std::string("usage: polyarc ") + command, 0) == 0)
@@ -240,7 +241,8 @@ TEST(Cli, DemoBuildsMeasuresAndDraws) {
 
   const Result info = Polyarc({"info", "--json", (dir / "demo.txt").string()});
   const auto areas = JsonMember(info.out, "area");
-  ASSERT_EQ(areas.size(), 6u) << "the demo's shapes read back from its text";
+  // The offset with corners left open reads back as three open pieces.
+  ASSERT_EQ(areas.size(), 26u) << "the demo's shapes read back from its text";
   // A 4 x 2 rectangle clockwise, the same with corners of radius 0.5, a
   // unit circle, and a 3 x 2 slot: a half disc added at one end and taken
   // away at the other.
@@ -248,6 +250,12 @@ TEST(Cli, DemoBuildsMeasuresAndDraws) {
   EXPECT_NEAR(std::stod(areas[1]), -(8 - (4 - kPi) * 0.25), 1e-12);
   EXPECT_NEAR(std::stod(areas[2]), kPi, 1e-9);
   EXPECT_EQ(areas[3], "6");
+  // Union, intersection and difference of the rounded rectangle and a
+  // circle, each after its operands: U + I = A + B and (A - B) + I = A.
+  const double a = -std::stod(areas[17]), b = std::stod(areas[18]);
+  const double u = std::stod(areas[19]), i = std::stod(areas[22]), d = std::stod(areas[25]);
+  EXPECT_NEAR(u + i, a + b, 1e-9);
+  EXPECT_NEAR(d + i, a, 1e-9);
 }
 
 }  // namespace
