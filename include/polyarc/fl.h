@@ -100,8 +100,12 @@ POLYARC_EXTERN uint16_t FlSeekPt(LI_TAB_STRUCT *start, const GE_POINT *p, LI_TAB
  * become the elements that end at pt, and next_a / next_b their
  * successors. An entry at an element's start is first moved to its
  * predecessor. A real cut sets loc_a (loc_b) to GE_AT_END and bit 1 (bit
- * 2) of *flags, which is cleared first. *a and *b hold the contours'
- * first elements and follow when a first element is cut; b may be null
+ * 2) of *flags, which is cleared first. An entry inside an element
+ * (GE_INSIDE) but within tol of its end or start, where nothing is cut,
+ * gets GE_AT_END too (no flag): FlCrossSetPt must then close that joint
+ * exactly on pt, or the loops keep a gap below tol there, and far from the
+ * origin their areas are off by the gap times the distance from the
+ * x-axis. *a and *b hold the contours' first elements and follow when a first element is cut; b may be null
  * for a self list whose first element is tracked through a alone. New
  * records come from head and belong to the contours. Returns 0, the
  * status of FlSeekPt (PA_IMPOSSIBLE) or of LiElemTeilen (PA_NO_RECORD, or
