@@ -1,5 +1,5 @@
 // Crossing lists of two contours and of one contour with itself, entering
-// single crossings, and the list's limits and allocation failures.
+// single crossings, and the list's limit.
 #include <cmath>
 
 #include "support/crossing_support.h"
@@ -95,23 +95,6 @@ TEST(CrossList, CrossingsOnAnArcFollowItsSenseAcrossTheSeam) {
     }
     EXPECT_NEAR(std::fabs(c[1].par_a), kPi, 1e-12);
   }
-}
-
-TEST(CrossList, MovesAndPointsOffAnElementNeverCross) {
-  Store store;
-  LI_TAB_STRUCT *square = Polygon(store.get(), {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
-  // Meets the bottom edge's carrier at (1.5, 0), beyond its end, and
-  // crosses the right edge at (1, 0.25).
-  LI_TAB_STRUCT *slant = Chain(store.get(), {Line({0.5, 0.5}, {2.5, -0.5})});
-  LI_TAB_STRUCT *as_move = Chain(store.get(), {Move({0.5, 0.5}, {2.5, -0.5})});
-  CrossList c, moved, moved_a;
-  ASSERT_EQ(FlCrossList(square, slant, &c.list, &c.last), PA_OK);
-  ASSERT_EQ(c.size(), 1);
-  EXPECT_TRUE(Near(c[0].pt, {1, 0.25}));
-  EXPECT_EQ(FlCrossList(square, as_move, &moved.list, &moved.last) +
-                FlCrossList(as_move, square, &moved_a.list, &moved_a.last),
-            PA_OK);
-  EXPECT_EQ(moved.last + moved_a.last, 2 * FL_EMPTY);
 }
 
 TEST(CrossListSingle, NeighbourhoodStopsAtAGap) {
@@ -214,64 +197,6 @@ TEST(NewCross, ListFullBeyondTheCapacityLimit) {
   EXPECT_EQ(c.last, 32751);
   EXPECT_EQ(capacity, 32752);
   EXPECT_EQ(c[32751].pt.x, 32751.0);
-}
-
-// A closed sawtooth whose n rising and falling edges each cross y = 1
-// once, at x = i + 0.5, and a line along y = 1.
-LI_TAB_STRUCT *Sawtooth(LI_HEAD *head, int n) {
-  std::vector<LI_TAB_STRUCT> e;
-  for (int i = 0; i < n; ++i)
-    e.push_back(Line({double(i), i % 2 ? 2.0 : 0.0}, {i + 1.0, i % 2 ? 0.0 : 2.0}));
-  const GE_POINT end = e.back().ep;
-  e.push_back(Line(end, {end.x, -1}));
-  e.push_back(Line({end.x, -1}, {0, -1}));
-  e.push_back(Line({0, -1}, {0, 0}));
-  return Chain(head, e);
-}
-
-TEST(CrossList, AllocationFailureKeepsTheEntriesMade) {
-  const unsigned long blocks = MemTestLiveBlocks();
-  const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
-    Store store;
-    LI_TAB_STRUCT *saw = Sawtooth(store.get(), 40);
-    LI_TAB_STRUCT *line = Chain(store.get(), {Line({-1, 1}, {50, 1})});
-    CrossList c;
-    failure.Arm();
-    const uint16_t st = FlCrossList(saw, line, &c.list, &c.last);
-    failure.Disarm();
-    if (!failure.Fired()) {
-      EXPECT_EQ(st, PA_OK);
-      EXPECT_EQ(c.size(), 40);
-      return;
-    }
-    EXPECT_EQ(st, PA_NO_MEMORY);
-    for (int i = 0; i < c.size(); ++i) EXPECT_TRUE(Near(c[i].pt, {i + 0.5, 1}));
-    EXPECT_EQ(c.size() % FL_CROSS_STEP, 0) << "a growth failed, so the list was full";
-  });
-  EXPECT_GE(failing, 3u);
-  EXPECT_EQ(MemTestLiveBlocks(), blocks);
-}
-
-TEST(FreeLists, FreeEverythingAndClearThePointer) {
-  Store store;
-  CrossList c;
-  FlFreeCross(&c.list);
-  EXPECT_EQ(c.list, nullptr);
-  LI_TAB_STRUCT *a = Polygon(store.get(), {{0, 0}, {1, 0}, {1, 1}});
-  LI_TAB_STRUCT *b = Polygon(store.get(), {{0, 0}, {2, 0}, {2, 2}});
-  ASSERT_EQ(FlCrossList(a, b, &c.list, &c.last), PA_OK);
-  FlFreeCross(&c.list);
-  EXPECT_EQ(c.list, nullptr);
-
-  LI_TAB_STRUCT **loops = nullptr;
-  ASSERT_EQ(MemAllocBlock(reinterpret_cast<void **>(&loops), 2, sizeof *loops, 0, 0), PA_OK);
-  loops[0] = a;
-  loops[1] = b;
-  FlFreeList(store.get(), &loops, 1);
-  EXPECT_EQ(loops, nullptr);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {}));
-  FlFreeList(store.get(), &loops, 1);
-  EXPECT_EQ(loops, nullptr);
 }
 
 }  // namespace
