@@ -37,9 +37,6 @@ TEST(KorrElem, AlongTheTangentOrOnTheCircle) {
   ASSERT_EQ(LiKorrElem(store.get(), &alone, &bottom), PA_OK);
   EXPECT_DOUBLE_EQ(alone->ang_ap, -std::numbers::pi / 2);
   EXPECT_EQ(LiKorrElem(store.get(), nullptr, &end), PA_INVALID);
-  ExpectCleanAllocationFailures(
-      PA_NO_MEMORY, [](LI_HEAD *head) { return Live{QuarterArc(head)}; },
-      [](LI_HEAD *head, Live &live) { return LiKorrElem(head, &live[0], &kBelow); });
 }
 
 // A circle of radius 5 moved to start at its top: alone it stays a closed

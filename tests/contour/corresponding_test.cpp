@@ -73,23 +73,6 @@ TEST(CoCoExpKont, ZeroLengthPartnersGoInFrontOfTheNextPairedElement) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {alt[0], alt[1], k1, k2}));
 }
 
-// Partners and temporary end markers, or the blend, come from the store;
-// nothing is handed out on failure.
-TEST(CoCo, NoRecordLostAndNoSentinelLeftWhenTheStoreRunsOut) {
-  for (const bool blend : {false, true}) {
-    ExpectCleanAllocationFailures(PA_NO_MEMORY, Alternating, [&](LI_HEAD *head, Live &live) {
-      LI_TAB_STRUCT *out = nullptr;
-      uint32_t compatible = 0;
-      const uint16_t status = blend ? LiCoCoFactKont(head, live[0], live[0], 0.5, &out, &compatible)
-                                    : LiCoCoExpKont(head, &live[0], &live[1]);
-      EXPECT_TRUE(NoSentinel(live[0]) && NoSentinel(live[1]));
-      EXPECT_EQ(out == nullptr, !blend || status != PA_OK);
-      live.push_back(out);
-      return status;
-    });
-  }
-}
-
 TEST(CoCoFactKont, BlendsPairByPairAndNeedsEqualLengths) {
   Store store;
   LI_TAB_STRUCT *inner = Square(store.get(), 2), *outer = Square(store.get(), 4), *out = nullptr;

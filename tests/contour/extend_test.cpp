@@ -40,42 +40,5 @@ TEST(Extend, LinesAreLengthenedAndArcsGetANewLine) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {line, k, fresh, both}));
 }
 
-TEST(Extend, VerlKontUnderAllocationFailureStillMovesTheEndLine) {
-  const unsigned long failing = ForEachAllocationFailure([](InjectedFailure &failure) {
-    Store store;
-    LI_TAB_STRUCT *k = ArcThenLine(store.get());
-    LI_TAB_STRUCT *spare = TakeAllFree(store.get());
-    LI_TAB_STRUCT *const arc = k;
-    failure.Arm();
-    const uint16_t status = LiVerlKont(store.get(), &k, 1);
-    failure.Disarm();
-    EXPECT_EQ(status, failure.Fired() ? PA_NO_MEMORY : PA_OK);
-    if (failure.Fired()) {
-      EXPECT_EQ(k, arc);
-      EXPECT_EQ(k->prev->ep, (GE_POINT{0, 4}));
-      EXPECT_EQ(k->prev->ang_ep - k->prev->ang_ap, 2) << "but not re-expanded";
-    }
-    EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, spare}));
-  });
-  EXPECT_GT(failing, 0u);
-}
-
-TEST(Extend, ElemVerlAtAnArcUnderAllocationFailure) {
-  for (int32_t at_start : {0, 1}) {
-    ForEachAllocationFailure([&](InjectedFailure &failure) {
-      Store store;
-      LI_TAB_STRUCT *k = ArcThenLine(store.get());
-      if (at_start == 0) LiKontChgDir(&k);  // now the arc is at the end
-      LI_TAB_STRUCT *spare = TakeAllFree(store.get());
-      failure.Arm();
-      const uint16_t status = LiElemVerl(store.get(), &k, 1, at_start);
-      failure.Disarm();
-      EXPECT_EQ(status, failure.Fired() ? PA_NO_MEMORY : PA_OK);
-      EXPECT_EQ(LiCountElem(k), failure.Fired() ? 2u : 3u);
-      EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, spare}));
-    });
-  }
-}
-
 }  // namespace
 }  // namespace polyarc_test
