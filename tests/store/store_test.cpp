@@ -119,19 +119,6 @@ TEST(Store, UnchainBlockRebasesTheHandleOntoTheElementAfterTheRun) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {rest, e[1]}));
 }
 
-TEST(Store, FreeMemReturnsEveryBlockAndTheStoreWorksAgain) {
-  const unsigned long live = MemTestLiveBlocks();
-  LI_HEAD head{};
-  LiFreeMem(&head);  // never used: nothing happens
-  for (int round = 0; round < 2; ++round) {
-    for (int i = 0; i < 600; ++i) ASSERT_NE(LiNewNoInit(&head), nullptr);
-    EXPECT_EQ(MemTestLiveBlocks(), live + 4) << "a table and three blocks";
-    LiFreeMem(&head);
-    EXPECT_EQ(MemTestLiveBlocks(), live);
-    EXPECT_TRUE(head.free == nullptr && head.blocks == nullptr && head.nblocks == 0);
-  }
-}
-
 TEST(Store, NullArgumentsAreHarmless) {
   LI_TAB_STRUCT *out = nullptr;
   EXPECT_EQ(LiExpand(nullptr, 5), PA_NO_MEMORY);
