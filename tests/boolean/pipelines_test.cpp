@@ -1,5 +1,5 @@
 // The crossing pipelines: loops chosen by operation, two squares rewired,
-// a figure-eight cleaned, and the pipelines under allocation failure.
+// a figure-eight cleaned.
 #include <cmath>
 
 #include "support/classify_support.h"
@@ -109,35 +109,6 @@ TEST(CleanKont, NoSelfCrossingLeavesTheContourButShortElementsGo) {
               PA_OK);
     EXPECT_TRUE(no_cross == 1 && k == first && out == nullptr && loops == nullptr && last == -1);
     EXPECT_EQ(LiCountElem(k), count) << "tolerance " << tol << ", removal " << rem_short;
-  }
-}
-
-TEST(Pipelines, UnderAllocationFailure) {
-  // A failing list or search gives PA_NO_MEMORY, a failing cut PA_NO_RECORD;
-  // the repeat finder's scratch memory only falls back.
-  const auto clean = [](uint16_t st) { return st == PA_NO_MEMORY || st == PA_NO_RECORD; };
-  for (bool two : {true, false}) {
-    const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
-      Store store;
-      LI_TAB_STRUCT *a = two ? Square(store.get(), 0) : FigureEight(store.get());
-      LI_TAB_STRUCT *b = two ? Square(store.get(), 0.5) : nullptr, *out = nullptr, **loops;
-      LI_TAB_STRUCT *spare = TakeAllFree(store.get());
-      const double length = LiKontLen(a) + LiKontLen(b);
-      int16_t last;
-      uint32_t flags;
-      failure.Arm();
-      const uint16_t st =
-          two ? FlCrossKonturClosed(store.get(), &a, &b, FL_OP_UNION, &flags, &loops, &last)
-              : FlCleanKont(store.get(), &a, 1, 1, &out, &loops, &last, &flags, 0, 0);
-      failure.Disarm();
-      EXPECT_TRUE(st == PA_OK ? a == nullptr && last == (two ? 1 : 0) : clean(st) && !loops) << st;
-      EXPECT_NEAR(LiKontLen(a) + LiKontLen(b), st == PA_OK ? 0 : length, 1e-12) << "inputs whole";
-      Live live = Loops(loops, last);
-      live.insert(live.end(), {a, b, out, spare});
-      EXPECT_TRUE(AllRecordsAccounted(store.head(), live));
-      FlFreeList(store.get(), &loops, last);
-    });
-    EXPECT_GE(failing, 3u) << "the list, the store and the scratch array";
   }
 }
 

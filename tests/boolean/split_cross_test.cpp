@@ -76,22 +76,5 @@ TEST(SplitCross, ACrossingAtAJointCutsNothing) {
   EXPECT_EQ(FlSplitCross(store.get(), nullptr, 0, &flags, &a, &b), PA_INVALID);
 }
 
-TEST(SplitCross, RunningOutOfRecordsLosesNone) {
-  CrossList c;
-  ExpectCleanAllocationFailures(
-      PA_NO_RECORD,
-      [&](LI_HEAD *head) {
-        FlFreeCross(&c.list);
-        LI_TAB_STRUCT *a = Polygon(head, {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
-        LI_TAB_STRUCT *b = Polygon(head, {{0.5, 0.5}, {1.5, 0.5}, {1.5, 1.5}, {0.5, 1.5}});
-        EXPECT_EQ(FlCrossList(a, b, &c.list, &c.last), PA_OK);
-        return Live{a, b};
-      },
-      [&](LI_HEAD *head, Live &live) {
-        uint32_t flags = 0;
-        return FlSplitCross(head, c.list, c.last, &flags, &live[0], &live[1]);
-      });
-}
-
 }  // namespace
 }  // namespace polyarc_test
