@@ -10,30 +10,6 @@ namespace {
 const double kRoot3Half = std::sqrt(0.75);
 const double kPi = 3.141592653589793;
 
-TEST(CrossList, OverlappingSquaresAndSquaresSharingACorner) {
-  Store store;
-  LI_TAB_STRUCT *a = Polygon(store.get(), {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
-  LI_TAB_STRUCT *b = Polygon(store.get(), {{0.5, 0.5}, {1.5, 0.5}, {1.5, 1.5}, {0.5, 1.5}});
-  LI_TAB_STRUCT *corner = Polygon(store.get(), {{1, 1}, {2, 1}, {2, 2}, {1, 2}});
-  const auto ea = Elements(a), eb = Elements(b);
-  CrossList c, one;
-  ASSERT_EQ(FlCrossList(a, b, &c.list, &c.last), PA_OK);
-  ASSERT_EQ(c.size(), 2);
-  EXPECT_EQ((Points{c[0].pt, c[1].pt}), (Points{{1, 0.5}, {0.5, 1}}));
-  EXPECT_TRUE(c[0].elem_a == ea[1] && c[0].elem_b == eb[0] && c[1].elem_a == ea[2] &&
-              c[1].elem_b == eb[3]);
-  EXPECT_TRUE(c[0].loc_a == GE_INSIDE && c[0].loc_b == GE_INSIDE && c[0].next_a == nullptr);
-  EXPECT_DOUBLE_EQ(c[0].par_a, 0.5) << "position along the upward edge x = 1";
-  // The shared corner is met by two pairs of edges and entered once.
-  ASSERT_EQ(FlCrossList(a, corner, &one.list, &one.last), PA_OK);
-  ASSERT_EQ(one.size(), 1);
-  EXPECT_EQ(one[0].pt, (GE_POINT{1, 1}));
-  EXPECT_TRUE(one[0].elem_a == ea[1] && one[0].loc_a == GE_AT_END && one[0].loc_b == GE_AT_START);
-
-  EXPECT_EQ(FlCrossList(nullptr, b, &one.list, &one.last), PA_OK);
-  EXPECT_EQ(one.last, FL_EMPTY);
-}
-
 TEST(CrossList, ClosingJointOnceForTwoContoursTwiceForOne) {
   Store store;
   // B's first edge runs through A's start (0, 0) and B crosses A's bottom

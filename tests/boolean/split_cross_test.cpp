@@ -59,22 +59,5 @@ TEST(SplitCross, CutsBothContoursAtEveryCrossing) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, b}));
 }
 
-TEST(SplitCross, ACrossingAtAJointCutsNothing) {
-  Store store;
-  LI_TAB_STRUCT *a = Polygon(store.get(), {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
-  LI_TAB_STRUCT *b = Polygon(store.get(), {{1, 1}, {2, 1}, {2, 2}, {1, 2}});
-  const auto eb = Elements(b);
-  CrossList c;
-  ASSERT_EQ(FlCrossList(a, b, &c.list, &c.last), PA_OK);
-  uint32_t flags = 7;
-  ASSERT_EQ(FlSplitCross(store.get(), c.list, c.last, &flags, &a, &b), PA_OK);
-  EXPECT_EQ(flags, 0u);
-  EXPECT_EQ(LiCountElem(a) + LiCountElem(b), 8u);
-  // At B's start: B's last element ends there; no cut, no new code.
-  EXPECT_TRUE(c[0].elem_b == eb[3] && c[0].next_b == eb[0] && c[0].loc_b == GE_AT_START);
-  EXPECT_EQ(FlSplitCross(store.get(), nullptr, FL_EMPTY, &flags, &a, &b), PA_OK);
-  EXPECT_EQ(FlSplitCross(store.get(), nullptr, 0, &flags, &a, &b), PA_INVALID);
-}
-
 }  // namespace
 }  // namespace polyarc_test

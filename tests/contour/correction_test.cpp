@@ -44,21 +44,20 @@ TEST(KorrElem, AlongTheTangentOrOnTheCircle) {
 // quarters counter-clockwise or one clockwise.
 TEST(KorrElem, AFullCircleAloneStaysClosed) {
   Store store;
-  for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
-    for (const uint16_t dir : {1, 2}) {
-      SCOPED_TRACE(testing::Message() << "dir " << dir << " about " << c);
-      const GE_POINT top{c.x, c.y + 5}, east{c.x + 5, c.y};
-      LI_TAB_STRUCT circle{};
-      ASSERT_EQ(LiCreateCircle(&c, 5, dir, &circle), PA_OK);
-      LI_TAB_STRUCT *alone = Contour(store.get(), {circle});
-      LI_TAB_STRUCT *tailed = Contour(store.get(), {circle, Line(east, {c.x + 9, c.y})});
-      ASSERT_EQ(LiKorrElem(store.get(), &alone, &top), PA_OK);
-      EXPECT_TRUE(alone->ap == top && alone->ep == top && LiTestClosed(alone) == 1);
-      EXPECT_DOUBLE_EQ(LiElemLen(alone), 10 * std::numbers::pi);
-      ASSERT_EQ(LiKorrElem(store.get(), &tailed, &top), PA_OK);
-      EXPECT_TRUE(tailed->ap == top && tailed->ep == east);
-      EXPECT_DOUBLE_EQ(LiElemLen(tailed), (dir == 2 ? 2.5 : 7.5) * std::numbers::pi);
-    }
+  const GE_POINT c{3, -2};
+  for (const uint16_t dir : {1, 2}) {
+    SCOPED_TRACE(testing::Message() << "dir " << dir);
+    const GE_POINT top{c.x, c.y + 5}, east{c.x + 5, c.y};
+    LI_TAB_STRUCT circle{};
+    ASSERT_EQ(LiCreateCircle(&c, 5, dir, &circle), PA_OK);
+    LI_TAB_STRUCT *alone = Contour(store.get(), {circle});
+    LI_TAB_STRUCT *tailed = Contour(store.get(), {circle, Line(east, {c.x + 9, c.y})});
+    ASSERT_EQ(LiKorrElem(store.get(), &alone, &top), PA_OK);
+    EXPECT_TRUE(alone->ap == top && alone->ep == top && LiTestClosed(alone) == 1);
+    EXPECT_DOUBLE_EQ(LiElemLen(alone), 10 * std::numbers::pi);
+    ASSERT_EQ(LiKorrElem(store.get(), &tailed, &top), PA_OK);
+    EXPECT_TRUE(tailed->ap == top && tailed->ep == east);
+    EXPECT_DOUBLE_EQ(LiElemLen(tailed), (dir == 2 ? 2.5 : 7.5) * std::numbers::pi);
   }
 }
 
@@ -136,26 +135,25 @@ TEST(Crunch, MergesOnlyWhatContinuesAndThePayloadFollowsTheChooseFunction) {
 TEST(Crunch, NoMergedArcCoversMoreThanOneTurn) {
   Store store;
   const double pi = std::numbers::pi;
-  for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
-    for (const uint16_t type : {LI_ARC_CCW, LI_ARC_CW}) {
-      SCOPED_TRACE(testing::Message() << "type " << type << " about " << c);
-      const double turn = type == LI_ARC_CCW ? 1 : -1;
-      const auto at = [&](double a) {
-        return GE_POINT{c.x + std::cos(turn * a), c.y + std::sin(turn * a)};
-      };
-      const auto arc = [&](double from, double to) { return Arc(at(from), at(to), c, type); };
-      using Row = std::tuple<std::vector<LI_TAB_STRUCT>, uint32_t, double>;
-      for (const auto &[arcs, count, length] :
-           {Row{{arc(0, 0), arc(0, pi / 2)}, 2, 2.5 * pi}, Row{{arc(0, pi), arc(pi, 0)}, 1, 2 * pi},
-            Row{{arc(0, 2 * pi / 3), arc(2 * pi / 3, 4 * pi / 3), arc(4 * pi / 3, 0)}, 1, 2 * pi},
-            Row{{arc(0, 1.5 * pi), arc(1.5 * pi, pi)}, 2, 3 * pi}}) {
-        LI_TAB_STRUCT *k = nullptr;
-        for (const LI_TAB_STRUCT &e : arcs) ASSERT_EQ(LiInsertElem2(store.get(), &k, &e), PA_OK);
-        EXPECT_EQ(LiCrunch(store.get(), k), PA_OK);
-        EXPECT_EQ(LiCountElem(k), count);
-        EXPECT_NEAR(LiKontLen(k), length, 1e-12);
-        LiRemove(store.get(), &k);
-      }
+  const GE_POINT c{3, -2};
+  for (const uint16_t type : {LI_ARC_CCW, LI_ARC_CW}) {
+    SCOPED_TRACE(testing::Message() << "type " << type);
+    const double turn = type == LI_ARC_CCW ? 1 : -1;
+    const auto at = [&](double a) {
+      return GE_POINT{c.x + std::cos(turn * a), c.y + std::sin(turn * a)};
+    };
+    const auto arc = [&](double from, double to) { return Arc(at(from), at(to), c, type); };
+    using Row = std::tuple<std::vector<LI_TAB_STRUCT>, uint32_t, double>;
+    for (const auto &[arcs, count, length] :
+         {Row{{arc(0, 0), arc(0, pi / 2)}, 2, 2.5 * pi}, Row{{arc(0, pi), arc(pi, 0)}, 1, 2 * pi},
+          Row{{arc(0, 2 * pi / 3), arc(2 * pi / 3, 4 * pi / 3), arc(4 * pi / 3, 0)}, 1, 2 * pi},
+          Row{{arc(0, 1.5 * pi), arc(1.5 * pi, pi)}, 2, 3 * pi}}) {
+      LI_TAB_STRUCT *k = nullptr;
+      for (const LI_TAB_STRUCT &e : arcs) ASSERT_EQ(LiInsertElem2(store.get(), &k, &e), PA_OK);
+      EXPECT_EQ(LiCrunch(store.get(), k), PA_OK);
+      EXPECT_EQ(LiCountElem(k), count);
+      EXPECT_NEAR(LiKontLen(k), length, 1e-12);
+      LiRemove(store.get(), &k);
     }
   }
 }

@@ -80,36 +80,35 @@ TEST(PastTheCentre, PiecesKeepTheirCrossingsBoxesAndPositiveLengths) {
   const auto box = [](const LI_TAB_STRUCT &e) {
     return std::make_tuple(e.box.xmin, e.box.ymin, e.box.xmax, e.box.ymax);
   };
-  for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
-    for (const uint16_t type : {LI_ARC_CCW, LI_ARC_CW}) {
-      SCOPED_TRACE(testing::Message() << "type " << type << " about " << c);
-      const bool ccw = type == LI_ARC_CCW;
-      const int16_t inwards = ccw ? 1 : -1;
-      const auto quarter = [&](double r) {
-        const GE_POINT east{c.x + r, c.y}, north{c.x, c.y + r};
-        return ccw ? Arc(east, north, c, type) : Arc(north, east, c, type);
-      };
-      LI_TAB_STRUCT big = quarter(5), arc = quarter(1), *k = nullptr, *first = nullptr;
-      LI_TAB_STRUCT circle = Arc({c.x + 1, c.y}, {c.x + 1, c.y}, c, type);
-      LiParElem(&big, inwards, 7), LiParElem(&arc, inwards, 2), LiParElem(&circle, inwards, 3);
-      EXPECT_EQ(box(big), std::make_tuple(c.x - 2 - tol, c.y - 2 - tol, c.x + tol, c.y + tol));
-      EXPECT_EQ(box(circle),
-                std::make_tuple(c.x - 2 - tol, c.y - 2 - tol, c.x + 2 + tol, c.y + 2 + tol));
-      ASSERT_EQ(LiInsertElem2(store.get(), &k, &arc), PA_OK);
-      const GE_POINT middle = LiElemPt(k, 0.5);
-      ASSERT_EQ(LiElemTeilen(store.get(), k, &first, &middle), PA_OK);
-      const LI_TAB_STRUCT line = Line({c.x - 3, c.y - 0.5}, {c.x + 3, c.y - 0.5});
-      // {element, position code of the crossing at (-h, -0.5), length}
-      for (auto [e, pos, length] :
-           {std::tuple<const LI_TAB_STRUCT *, uint16_t, double>{&arc, GE_INSIDE, kPi / 2},
-            {ccw ? first : k, GE_INSIDE, kPi / 4},
-            {ccw ? k : first, ccw ? GE_BEFORE : GE_BEYOND, kPi / 4}}) {
-        IsectPoint i[2]{};
-        ASSERT_EQ(GeCross(e, &line, &i[0], &i[1]), 2);
-        EXPECT_NEAR(std::hypot(i[0].x - (c.x - h), i[0].y - (c.y - 0.5)), 0, 1e-14);
-        EXPECT_EQ(i[0].pos1, pos) << length;
-        EXPECT_TRUE(e->rad < 0 && std::fabs(LiElemLen(e) - length) < 1e-14) << length;
-      }
+  const GE_POINT c{3, -2};
+  for (const uint16_t type : {LI_ARC_CCW, LI_ARC_CW}) {
+    SCOPED_TRACE(testing::Message() << "type " << type);
+    const bool ccw = type == LI_ARC_CCW;
+    const int16_t inwards = ccw ? 1 : -1;
+    const auto quarter = [&](double r) {
+      const GE_POINT east{c.x + r, c.y}, north{c.x, c.y + r};
+      return ccw ? Arc(east, north, c, type) : Arc(north, east, c, type);
+    };
+    LI_TAB_STRUCT big = quarter(5), arc = quarter(1), *k = nullptr, *first = nullptr;
+    LI_TAB_STRUCT circle = Arc({c.x + 1, c.y}, {c.x + 1, c.y}, c, type);
+    LiParElem(&big, inwards, 7), LiParElem(&arc, inwards, 2), LiParElem(&circle, inwards, 3);
+    EXPECT_EQ(box(big), std::make_tuple(c.x - 2 - tol, c.y - 2 - tol, c.x + tol, c.y + tol));
+    EXPECT_EQ(box(circle),
+              std::make_tuple(c.x - 2 - tol, c.y - 2 - tol, c.x + 2 + tol, c.y + 2 + tol));
+    ASSERT_EQ(LiInsertElem2(store.get(), &k, &arc), PA_OK);
+    const GE_POINT middle = LiElemPt(k, 0.5);
+    ASSERT_EQ(LiElemTeilen(store.get(), k, &first, &middle), PA_OK);
+    const LI_TAB_STRUCT line = Line({c.x - 3, c.y - 0.5}, {c.x + 3, c.y - 0.5});
+    // {element, position code of the crossing at (-h, -0.5), length}
+    for (auto [e, pos, length] :
+         {std::tuple<const LI_TAB_STRUCT *, uint16_t, double>{&arc, GE_INSIDE, kPi / 2},
+          {ccw ? first : k, GE_INSIDE, kPi / 4},
+          {ccw ? k : first, ccw ? GE_BEFORE : GE_BEYOND, kPi / 4}}) {
+      IsectPoint i[2]{};
+      ASSERT_EQ(GeCross(e, &line, &i[0], &i[1]), 2);
+      EXPECT_NEAR(std::hypot(i[0].x - (c.x - h), i[0].y - (c.y - 0.5)), 0, 1e-14);
+      EXPECT_EQ(i[0].pos1, pos) << length;
+      EXPECT_TRUE(e->rad < 0 && std::fabs(LiElemLen(e) - length) < 1e-14) << length;
     }
   }
 }
