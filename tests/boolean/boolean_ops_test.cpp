@@ -175,6 +175,7 @@ TEST(Boolean, TheResultListAndTheContainmentValue) {
   EXPECT_EQ(FlDiffKont(store.get(), a, nullptr, 0, 1, &list, &last, &no_cross, &contain),
             PA_INVALID);
   EXPECT_TRUE(list == nullptr && last == FL_EMPTY);
+  EXPECT_EQ(FlUnionKont(store.get(), a, a, 0, 1, nullptr, nullptr, nullptr, nullptr), PA_INVALID);
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, same}));
 }
 

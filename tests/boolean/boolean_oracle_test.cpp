@@ -143,7 +143,6 @@ Areas OracleAreas(const Pair &p) {
   return {bg::area(u), bg::area(i), bg::area(ab), bg::area(ba)};
 }
 
-
 // Compares the four areas of count seeded random pairs with the oracle's:
 // they agree within 1e-9 x (|A| + |B|) plus the area between the arcs and
 // their chords, and the library's own results keep U + I = A + B and

@@ -1,5 +1,5 @@
-// The crossing pipelines: loops chosen by operation, two squares rewired,
-// a figure-eight cleaned.
+// The crossing pipelines: loops chosen by operation, a figure-eight
+// cleaned, and the pipelines under allocation failure.
 #include <cmath>
 
 #include "support/classify_support.h"
@@ -41,7 +41,9 @@ TEST(CrossKonturCleanClosed, KeepsWhatEachOperationWantsWithinTolSquared) {
 }
 
 // Lobes of area +1 (left, loop 0) and -1 (right, loop 1) crossing at (1, 1).
-LI_TAB_STRUCT *FigureEight(LI_HEAD *head) { return Polygon(head, {{0, 0}, {2, 2}, {2, 0}, {0, 2}}); }
+LI_TAB_STRUCT *FigureEight(LI_HEAD *head) {
+  return Polygon(head, {{0, 0}, {2, 2}, {2, 0}, {0, 2}});
+}
 
 TEST(CleanKont, FigureEightByModeAndSign) {
   struct Row {
@@ -82,6 +84,35 @@ TEST(CleanKont, NoSelfCrossingLeavesTheContourButShortElementsGo) {
               PA_OK);
     EXPECT_TRUE(no_cross == 1 && k == first && out == nullptr && loops == nullptr && last == -1);
     EXPECT_EQ(LiCountElem(k), count) << "tolerance " << tol << ", removal " << rem_short;
+  }
+}
+
+TEST(Pipelines, UnderAllocationFailure) {
+  // A failing list or search gives PA_NO_MEMORY, a failing cut PA_NO_RECORD;
+  // the repeat finder's scratch memory only falls back.
+  const auto clean = [](uint16_t st) { return st == PA_NO_MEMORY || st == PA_NO_RECORD; };
+  for (bool two : {true, false}) {
+    const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
+      Store store;
+      LI_TAB_STRUCT *a = two ? Square(store.get(), 0) : FigureEight(store.get());
+      LI_TAB_STRUCT *b = two ? Square(store.get(), 0.5) : nullptr, *out = nullptr, **loops;
+      LI_TAB_STRUCT *spare = TakeAllFree(store.get());
+      const double length = LiKontLen(a) + LiKontLen(b);
+      int16_t last;
+      uint32_t flags;
+      failure.Arm();
+      const uint16_t st =
+          two ? FlCrossKonturClosed(store.get(), &a, &b, FL_OP_UNION, &flags, &loops, &last)
+              : FlCleanKont(store.get(), &a, 1, 1, &out, &loops, &last, &flags, 0, 0);
+      failure.Disarm();
+      EXPECT_TRUE(st == PA_OK ? a == nullptr && last == (two ? 1 : 0) : clean(st) && !loops) << st;
+      EXPECT_NEAR(LiKontLen(a) + LiKontLen(b), st == PA_OK ? 0 : length, 1e-12) << "inputs whole";
+      Live live = Loops(loops, last);
+      live.insert(live.end(), {a, b, out, spare});
+      EXPECT_TRUE(AllRecordsAccounted(store.head(), live));
+      FlFreeList(store.get(), &loops, last);
+    });
+    EXPECT_GE(failing, 3u) << "the list, the store and the scratch array";
   }
 }
 

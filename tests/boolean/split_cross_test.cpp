@@ -18,12 +18,15 @@ TEST(SeekPt, WalksBackAndGivesAJointToTheElementEndingThere) {
     GE_POINT p;
     LI_TAB_STRUCT *want;  // null: not found, the start comes back
   } rows[] = {
-      {e[2], {1.5, 0}, e[1]},                              // two steps back
-      {e[2], {1.5, 4e-4}, e[1]},                           // within 10 x tol across the line
-      {e[1], {1.5, 6e-4}, nullptr}, {e[2], {1, 0}, e[0]},  // the joint belongs to the element
-                                                           // ending there
-      {e[0], {0, 0}, e[3]},                                // also at the contour's closing joint
-      {e[0], {1, 1}, e[3]},         {e[1], {5, 5}, nullptr}, {d->next, {0, 1}, d},  // on the arc
+      {e[2], {1.5, 0}, e[1]},     // two steps back
+      {e[2], {1.5, 4e-4}, e[1]},  // within 10 x tol across the line
+      {e[1], {1.5, 6e-4}, nullptr},
+      {e[2], {1, 0}, e[0]},  // the joint belongs to the element
+                             // ending there
+      {e[0], {0, 0}, e[3]},  // also at the contour's closing joint
+      {e[0], {1, 1}, e[3]},
+      {e[1], {5, 5}, nullptr},
+      {d->next, {0, 1}, d},   // on the arc
       {d, {0, -1}, nullptr},  // on its circle, off the arc
   };
   for (const auto &row : rows) {
@@ -57,6 +60,24 @@ TEST(SplitCross, CutsBothContoursAtEveryCrossing) {
     EXPECT_TRUE(x.loc_a == GE_AT_END && x.loc_b == GE_AT_END);
   }
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, b}));
+  EXPECT_EQ(FlSplitCross(store.get(), nullptr, 0, &flags, &a, &b), PA_INVALID);
+}
+
+TEST(SplitCross, RunningOutOfRecordsLosesNone) {
+  CrossList c;
+  ExpectCleanAllocationFailures(
+      PA_NO_RECORD,
+      [&](LI_HEAD *head) {
+        FlFreeCross(&c.list);
+        LI_TAB_STRUCT *a = Polygon(head, {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
+        LI_TAB_STRUCT *b = Polygon(head, {{0.5, 0.5}, {1.5, 0.5}, {1.5, 1.5}, {0.5, 1.5}});
+        EXPECT_EQ(FlCrossList(a, b, &c.list, &c.last), PA_OK);
+        return Live{a, b};
+      },
+      [&](LI_HEAD *head, Live &live) {
+        uint32_t flags = 0;
+        return FlSplitCross(head, c.list, c.last, &flags, &live[0], &live[1]);
+      });
 }
 
 }  // namespace

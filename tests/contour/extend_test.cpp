@@ -31,6 +31,9 @@ TEST(Extend, LinesAreLengthenedAndArcsGetANewLine) {
   LI_TAB_STRUCT *fresh = ArcThenLine(store.get());
   EXPECT_EQ(LiElemVerl(store.get(), &fresh, 0, 1), PA_ZERO_LENGTH);
   EXPECT_EQ(LiCountElem(fresh), 2u) << "a new line of zero length is not kept";
+  LiKontChgDir(&fresh);  // now the arc ends it, running clockwise down to (1, 0)
+  EXPECT_EQ(LiElemVerl(store.get(), &fresh, 1, 0), PA_OK);
+  EXPECT_TRUE(LiCountElem(fresh) == 3 && fresh->prev->ep == (GE_POINT{1, -1}));
 
   LI_TAB_STRUCT *both = ArcThenLine(store.get());
   ASSERT_EQ(LiVerlKont(store.get(), &both, 1), PA_OK);

@@ -101,6 +101,14 @@ TEST(RotLim, OutlineOfATurnedChainAndTheGuard) {
             PA_IMPOSSIBLE);
   EXPECT_EQ(none, nullptr);
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {square, out, line}));
+  ExpectCleanAllocationFailures(
+      PA_NO_MEMORY, [](LI_HEAD *head) { return Live{UnitSquare(head)}; },
+      [&](LI_HEAD *head, Live &live) {
+        LI_TAB_STRUCT *r = nullptr;
+        const uint16_t status = FlRotLim(head, live[0], &centre, &ref, kPi, 0, 0, &r, &last);
+        live.push_back(r);
+        return status;
+      });
 }
 
 }  // namespace

@@ -84,6 +84,7 @@ TEST(KontInKont, ByVerticesAndExactly) {
   }
   EXPECT_EQ(ExactIn(big, big), 1) << "on counts as inside";
   EXPECT_EQ(ExactIn(big, c), 0) << "by the boxes";
+  EXPECT_EQ(LiKontExactInKont(big, big, nullptr, nullptr, nullptr, nullptr), 0);
 }
 
 // A contour holding only the point p, for asking the contour tests about
