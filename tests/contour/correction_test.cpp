@@ -4,20 +4,14 @@
 #include <tuple>
 #include <vector>
 
-#include "support/support.h"
+#include "support/crossing_support.h"
 
 namespace polyarc_test {
 namespace {
 
-LI_TAB_STRUCT *Contour(LI_HEAD *head, std::initializer_list<LI_TAB_STRUCT> elements) {
-  LI_TAB_STRUCT *k = nullptr;
-  for (const LI_TAB_STRUCT &e : elements) EXPECT_EQ(LiInsertElem2(head, &k, &e), PA_OK);
-  return k;
-}
-
 // The counter-clockwise quarter of the unit circle from (1,0) to (0,1).
 LI_TAB_STRUCT *QuarterArc(LI_HEAD *head) {
-  return Contour(head, {Arc({1, 0}, {0, 1}, {0, 0}, LI_ARC_CCW)});
+  return Chain(head, {Arc({1, 0}, {0, 1}, {0, 0}, LI_ARC_CCW)});
 }
 
 const GE_POINT kBelow{1, -2};  // on the tangent line at the quarter arc's start
@@ -50,8 +44,8 @@ TEST(KorrElem, AFullCircleAloneStaysClosed) {
     const GE_POINT top{c.x, c.y + 5}, east{c.x + 5, c.y};
     LI_TAB_STRUCT circle{};
     ASSERT_EQ(LiCreateCircle(&c, 5, dir, &circle), PA_OK);
-    LI_TAB_STRUCT *alone = Contour(store.get(), {circle});
-    LI_TAB_STRUCT *tailed = Contour(store.get(), {circle, Line(east, {c.x + 9, c.y})});
+    LI_TAB_STRUCT *alone = Chain(store.get(), {circle});
+    LI_TAB_STRUCT *tailed = Chain(store.get(), {circle, Line(east, {c.x + 9, c.y})});
     ASSERT_EQ(LiKorrElem(store.get(), &alone, &top), PA_OK);
     EXPECT_TRUE(alone->ap == top && alone->ep == top && LiTestClosed(alone) == 1);
     EXPECT_DOUBLE_EQ(LiElemLen(alone), 10 * std::numbers::pi);
@@ -78,14 +72,14 @@ TEST(KorrKontAndRemShort, DeleteShortElementsAndRejoin) {
   // A flat arc (radius 100, sweeping 0.02) becomes a line, a half circle not.
   const GE_POINT a{100 * std::cos(0.01), -100 * std::sin(0.01)}, b{a.x, -a.y}, c{b.x - 20, b.y};
   LI_TAB_STRUCT *arcs =
-      Contour(store.get(), {Arc(a, b, {0, 0}, LI_ARC_CCW), Arc(b, c, {b.x - 10, b.y}, LI_ARC_CCW)});
+      Chain(store.get(), {Arc(a, b, {0, 0}, LI_ARC_CCW), Arc(b, c, {b.x - 10, b.y}, LI_ARC_CCW)});
   EXPECT_EQ(LiRemShort(store.get(), &arcs, 0, 0.01, 1), PA_OK);
   EXPECT_TRUE(arcs->type == LI_LINE && arcs->next->type == LI_ARC_CCW);
   // A flattened arc is a line in every field, also where the joints are not
   // recomputed: at the end of an open contour, or alone.
   const LI_TAB_STRUCT flat = Arc(b, a, {0, 0}, LI_ARC_CW), chord = Line(b, a);
-  LI_TAB_STRUCT *last = Contour(store.get(), {Line({b.x, 5}, b), flat});
-  LI_TAB_STRUCT *alone = Contour(store.get(), {flat, Line(a, {a.x, a.y - 1e-3})});
+  LI_TAB_STRUCT *last = Chain(store.get(), {Line({b.x, 5}, b), flat});
+  LI_TAB_STRUCT *alone = Chain(store.get(), {flat, Line(a, {a.x, a.y - 1e-3})});
   for (LI_TAB_STRUCT **k : {&last, &alone}) {
     EXPECT_EQ(LiRemShort(store.get(), k, 0, 0.01, 1), PA_OK);
     const LI_TAB_STRUCT *e = (*k)->prev;
@@ -96,7 +90,7 @@ TEST(KorrKontAndRemShort, DeleteShortElementsAndRejoin) {
   EXPECT_EQ(LiCountElem(alone), 1u);
   // A zero-length line and an arc of radius tol / 2; min 0 deletes nothing.
   const LI_TAB_STRUCT tiny = Arc({0, 0}, {0.25, 0}, {0.125, 0}, LI_ARC_CW);
-  LI_TAB_STRUCT *bad = Contour(store.get(), {Line({0, 0}, {0, 0}), tiny, Line({0.25, 0}, {4, 0})});
+  LI_TAB_STRUCT *bad = Chain(store.get(), {Line({0, 0}, {0, 0}), tiny, Line({0.25, 0}, {4, 0})});
   EXPECT_EQ(LiRemShort(store.get(), &bad, 0, 0.0, 0), PA_ZERO_LENGTH | PA_ZERO_RADIUS);
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {open, square, two, arcs, last, alone, bad}));
 }

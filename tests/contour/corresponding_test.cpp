@@ -21,12 +21,6 @@ Numbers NumbersOf(LI_TAB_STRUCT *k) {
   return out;
 }
 
-std::vector<GE_POINT> Vertices(LI_TAB_STRUCT *k) {
-  std::vector<GE_POINT> v;
-  for (LI_TAB_STRUCT *e : Elements(k)) v.insert(v.end(), {e->ap, e->ep});
-  return v;
-}
-
 // No element of the temporary end-marker type (98) is left.
 bool NoSentinel(LI_TAB_STRUCT *k) {
   return std::ranges::none_of(Elements(k), [](auto *e) { return e->type == 98; });
