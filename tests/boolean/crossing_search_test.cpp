@@ -29,7 +29,7 @@ testing::AssertionResult SameAsAllPairs(LI_TAB_STRUCT *k, int16_t n) {
 // Two contours of one of four kinds: polygons, polygons with arcs, grid
 // walks of collinear pieces, and any of these with moves and gaps.
 std::vector<LI_TAB_STRUCT> RandomContour(Shapes &s, int kind, GE_POINT c) {
-  const int n = s.Chance(0.15) ? s.Int(260, 400) : s.Int(3, 60);
+  const int n = s.Chance(0.15) ? s.Int(260, 300) : s.Int(3, 60);
   switch (kind) {
     case 0:
       return s.Edges(s.Star(n, c, 0.5, 1.5, false), 0, 0, 0);
@@ -43,7 +43,7 @@ std::vector<LI_TAB_STRUCT> RandomContour(Shapes &s, int kind, GE_POINT c) {
 }
 
 TEST(CrossSearch, TwoContoursMatchTheAllPairsLoop) {
-  for (unsigned seed = 0; seed < 200; ++seed) {
+  for (unsigned seed = 0; seed < 120; ++seed) {
     Shapes s(seed);
     Store store;
     const int kind = seed % 4;
@@ -60,7 +60,7 @@ TEST(CrossSearch, SelfListsMatchTheAllPairsLoop) {
   // Neighbourhoods short and long (past the walked length of 64), and
   // longer than the contour so that they pass round it more than once.
   const int16_t widths[] = {0, 1, 3, 40, 300};
-  for (unsigned seed = 0; seed < 120; ++seed) {
+  for (unsigned seed = 0; seed < 60; ++seed) {
     Shapes s(1000 + seed);
     Store store;
     // Small contours crossing themselves everywhere, or long ones that go

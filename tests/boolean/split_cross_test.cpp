@@ -19,12 +19,15 @@ TEST(SeekPt, WalksBackAndGivesAJointToTheElementEndingThere) {
     GE_POINT p;
     LI_TAB_STRUCT *want;  // null: not found, the start comes back
   } rows[] = {
-      {e[2], {1.5, 0}, e[1]},                              // two steps back
-      {e[2], {1.5, 4e-4}, e[1]},                           // within 10 x tol across the line
-      {e[1], {1.5, 6e-4}, nullptr}, {e[2], {1, 0}, e[0]},  // the joint belongs to the element
-                                                           // ending there
-      {e[0], {0, 0}, e[3]},                                // also at the contour's closing joint
-      {e[0], {1, 1}, e[3]},         {e[1], {5, 5}, nullptr}, {d->next, {0, 1}, d},  // on the arc
+      {e[2], {1.5, 0}, e[1]},     // two steps back
+      {e[2], {1.5, 4e-4}, e[1]},  // within 10 x tol across the line
+      {e[1], {1.5, 6e-4}, nullptr},
+      {e[2], {1, 0}, e[0]},  // the joint belongs to the element
+                             // ending there
+      {e[0], {0, 0}, e[3]},  // also at the contour's closing joint
+      {e[0], {1, 1}, e[3]},
+      {e[1], {5, 5}, nullptr},
+      {d->next, {0, 1}, d},   // on the arc
       {d, {0, -1}, nullptr},  // on its circle, off the arc
   };
   for (const auto &row : rows) {
@@ -58,22 +61,6 @@ TEST(SplitCross, CutsBothContoursAtEveryCrossing) {
     EXPECT_TRUE(x.loc_a == GE_AT_END && x.loc_b == GE_AT_END);
   }
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, b}));
-}
-
-TEST(SplitCross, ACrossingAtAJointCutsNothing) {
-  Store store;
-  LI_TAB_STRUCT *a = Polygon(store.get(), {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
-  LI_TAB_STRUCT *b = Polygon(store.get(), {{1, 1}, {2, 1}, {2, 2}, {1, 2}});
-  const auto eb = Elements(b);
-  CrossList c;
-  ASSERT_EQ(FlCrossList(a, b, &c.list, &c.last), PA_OK);
-  uint32_t flags = 7;
-  ASSERT_EQ(FlSplitCross(store.get(), c.list, c.last, &flags, &a, &b), PA_OK);
-  EXPECT_EQ(flags, 0u);
-  EXPECT_EQ(LiCountElem(a) + LiCountElem(b), 8u);
-  // At B's start: B's last element ends there; no cut, no new code.
-  EXPECT_TRUE(c[0].elem_b == eb[3] && c[0].next_b == eb[0] && c[0].loc_b == GE_AT_START);
-  EXPECT_EQ(FlSplitCross(store.get(), nullptr, FL_EMPTY, &flags, &a, &b), PA_OK);
   EXPECT_EQ(FlSplitCross(store.get(), nullptr, 0, &flags, &a, &b), PA_INVALID);
 }
 
