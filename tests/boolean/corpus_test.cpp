@@ -21,6 +21,7 @@ namespace {
 using polyarc_tool::Contour;
 using polyarc_tool::ContourList;
 
+// The first three checks are the operations, in the order of Op.
 enum class Check { kUnion, kIntersection, kDifference, kSymDifference, kIdentities, kCompletes };
 
 // One expectation on operands a and b: the area lies in [lo, hi] (a point
@@ -217,22 +218,13 @@ class CaseRun {
   }
 
   Verdict Judge(const Expectation &e) {
-    switch (e.check) {
-      case Check::kUnion:
-        return Area(e, Get(Op::kUnion, 0));
-      case Check::kIntersection:
-        return Area(e, Get(Op::kIntersection, 0));
-      case Check::kDifference:
-        return Area(e, Get(Op::kDifference, 0));
-      case Check::kSymDifference:
-        return Area(e, Get(Op::kDifference, 0) + Get(Op::kDifference, 1));
-      case Check::kIdentities:
-        return Identities();
-      case Check::kCompletes:
-        Get(Op::kUnion, 0), Get(Op::kIntersection, 0), Get(Op::kDifference, 0);
-        return {status_, status_ == PA_OK, ""};
+    if (e.check == Check::kIdentities) return Identities();
+    if (e.check == Check::kSymDifference) {
+      return Area(e, Get(Op::kDifference, 0) + Get(Op::kDifference, 1));
     }
-    return {};
+    if (e.check != Check::kCompletes) return Area(e, Get(static_cast<Op>(e.check), 0));
+    Get(Op::kUnion, 0), Get(Op::kIntersection, 0), Get(Op::kDifference, 0);
+    return {status_, status_ == PA_OK, ""};
   }
 
  private:

@@ -16,14 +16,10 @@ using polyarc_test::Store;
 
 constexpr double kPi = 3.141592653589793;
 
-std::optional<TextError> ReadText(const std::string &text, ContourList &out,
-                                  const BlockChoice &choice) {
+std::optional<TextError> Read(const std::string &text, ContourList &out,
+                              const BlockChoice &choice = {}) {
   std::istringstream in(text);
   return ReadContours(in, out, choice);
-}
-
-std::optional<TextError> Read(const std::string &text, ContourList &out) {
-  return ReadText(text, out, {});
 }
 
 std::string Written(const LI_TAB_STRUCT *k) {
@@ -274,7 +270,7 @@ TEST(TextFormat, ChosenBlocksAreReadAndTheOthersSkippedUnread) {
   };
   for (const auto &[choice, numbers, areas] : chosen) {
     ContourList list(store.get());
-    const auto error = ReadText(text, list, choice);
+    const auto error = Read(text, list, choice);
     ASSERT_FALSE(error) << error->message;
     ASSERT_EQ(list.size(), numbers.size());
     for (std::size_t i = 0; i < numbers.size(); ++i) {
@@ -292,7 +288,7 @@ TEST(TextFormat, ChosenBlocksAreReadAndTheOthersSkippedUnread) {
   };
   for (const auto &[choice, line, message] : refused) {
     ContourList list(store.get());
-    const auto error = ReadText(text, list, choice);
+    const auto error = Read(text, list, choice);
     ASSERT_TRUE(error) << message;
     EXPECT_EQ(error->line, line);
     EXPECT_EQ(error->message, message);
