@@ -150,6 +150,23 @@ TEST(Cli, BlocksAndCasesChooseWhatIsRead) {
   EXPECT_EQ(r.out, "wrote " + svg + " (2 contours from 1 file)\n") << "a shell and its hole";
 }
 
+// A picture of a long outline opens in a common SVG reader, which fails
+// on path data of a few hundred kilobytes.
+TEST(Cli, RenderOfAHundredThousandVerticesOpensInRsvg) {
+  const fs::path dir = ScratchDir();
+  std::string text;
+  for (int i = 0, n = 100000; i < n; ++i) {
+    const double a = 2 * kPi * i / n, r = 1000 + 3 * std::sin(37 * a);
+    text += std::to_string(123456.789 + r * std::cos(a)) + ' ' +
+            std::to_string(654321.123 + r * std::sin(a)) + '\n';
+  }
+  const std::string svg = (dir / "long.svg").string(), png = (dir / "long.png").string();
+  ASSERT_EQ(Polyarc({"render", WriteText(dir, "long.txt", text), "-o", svg}).code, 0);
+  const std::string command = "rsvg-convert '" + svg + "' -o '" + png + "' 2>&1";
+  EXPECT_EQ(std::system(command.c_str()), 0) << command;
+  EXPECT_GT(fs::file_size(png), 0u);
+}
+
 TEST(Cli, RenderWritesOnePicture) {
   const fs::path dir = ScratchDir();
   const std::string square = WriteText(dir, "square.txt", kSquare);
