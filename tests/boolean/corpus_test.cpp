@@ -1,8 +1,8 @@
 // Union, intersection and difference against the external corpus: every
 // case whose two operands are each one simple closed contour, with the
-// result areas that Boost.Geometry, Clipper2, JTS and GEOS expect. The
-// contours come from the program's reader; this file reads only the
-// corpus's metadata lines (case, geometry, expect, note, precision).
+// result areas that Boost.Geometry, Clipper2, JTS and GEOS expect; and the
+// JTS point/area locations. The contours come from the program's reader;
+// this file reads only the corpus's metadata lines.
 #include <cmath>
 #include <fstream>
 #include <iostream>
@@ -21,6 +21,7 @@ namespace {
 using polyarc_tool::Contour;
 using polyarc_tool::ContourList;
 
+// The first three checks are the operations, in the order of Op.
 enum class Check { kUnion, kIntersection, kDifference, kSymDifference, kIdentities, kCompletes };
 
 // One expectation on operands a and b: the area lies in [lo, hi] (a point
@@ -42,6 +43,7 @@ struct Case {
   std::string skip;  // why no operation runs, when it does not
   std::map<std::string, Operand> operands;
   std::vector<Expectation> expectations;
+  std::vector<std::pair<GE_POINT, int>> points;  // 1 interior, 0 boundary, -1 exterior
 };
 
 std::vector<std::string> Words(const std::string &line) {
@@ -151,7 +153,7 @@ std::vector<Case> ReadCases(const std::string &path, const ContourList &contours
     const std::vector<std::string> w = Words(line);
     if (w.empty() || w[0][0] == '#') continue;
     if (w[0] == "case") {
-      cases.push_back({w.at(1), "", {}, {}});
+      cases.push_back({w.at(1), "", {}, {}, {}});
       operand = nullptr;
     }
     if (cases.empty()) continue;
@@ -169,6 +171,10 @@ std::vector<Case> ReadCases(const std::string &path, const ContourList &contours
     }
     if ((w[0] == "shell" || w[0] == "hole" || w[0] == "path") && operand != nullptr) {
       operand->blocks.push_back(at_line.at(number));
+    }
+    if (w[0] == "point") {
+      const int where = w.at(3) == "interior" ? 1 : w[3] == "boundary" ? 0 : -1;
+      c.points.push_back({{std::stod(w[1]), std::stod(w[2])}, where});
     }
     if (w[0] == "expect" && w.size() > 1 && w[1] == "clipper") {
       ClipperExpectation(c, w);
@@ -212,22 +218,13 @@ class CaseRun {
   }
 
   Verdict Judge(const Expectation &e) {
-    switch (e.check) {
-      case Check::kUnion:
-        return Area(e, Get(Op::kUnion, 0));
-      case Check::kIntersection:
-        return Area(e, Get(Op::kIntersection, 0));
-      case Check::kDifference:
-        return Area(e, Get(Op::kDifference, 0));
-      case Check::kSymDifference:
-        return Area(e, Get(Op::kDifference, 0) + Get(Op::kDifference, 1));
-      case Check::kIdentities:
-        return Identities();
-      case Check::kCompletes:
-        Get(Op::kUnion, 0), Get(Op::kIntersection, 0), Get(Op::kDifference, 0);
-        return {status_, status_ == PA_OK, ""};
+    if (e.check == Check::kIdentities) return Identities();
+    if (e.check == Check::kSymDifference) {
+      return Area(e, Get(Op::kDifference, 0) + Get(Op::kDifference, 1));
     }
-    return {};
+    if (e.check != Check::kCompletes) return Area(e, Get(static_cast<Op>(e.check), 0));
+    Get(Op::kUnion, 0), Get(Op::kIntersection, 0), Get(Op::kDifference, 0);
+    return {status_, status_ == PA_OK, ""};
   }
 
  private:
@@ -338,38 +335,33 @@ bool Runnable(const Case &c, const Expectation &e) {
   return true;
 }
 
-// Why a case runs nothing, or "" when it runs.
-std::string SkipReason(const Case &c) {
-  if (!c.skip.empty()) return c.skip;
-  if (c.expectations.empty()) return "no expectation on two operands";
-  for (const Expectation &e : c.expectations) {
-    if (Runnable(c, e)) return "";
+
+// The contours and cases of a corpus file.
+struct CorpusFile {
+  explicit CorpusFile(const std::string &name) {
+    const std::string file = __FILE__;
+    const std::string path = file.substr(0, file.rfind("/tests/")) + "/tests/data/corpus/" + name;
+    std::string error;
+    EXPECT_TRUE(polyarc_tool::ReadContourFile(path, contours, error)) << error;
+    cases = ReadCases(path, contours);
   }
-  return "an operand is not one simple contour";
-}
+  Store store;
+  ContourList contours{store.get()};
+  std::vector<Case> cases;
+};
 
 // Runs every expectation of the file's single-contour cases, reports each
 // check that differs from the known list and prints a summary line.
 void RunCorpusFile(const std::string &name) {
-  const std::string file = __FILE__;
-  const std::string path = file.substr(0, file.rfind("/tests/")) + "/tests/data/corpus/" + name;
-  Store store;
-  ContourList contours(store.get());
-  std::string error;
-  ASSERT_TRUE(polyarc_tool::ReadContourFile(path, contours, error)) << error;
-  std::map<std::string, int> skipped;
-  std::map<std::string, int> count;  // agree, disagree, status N
+  CorpusFile corpus(name);
+  Store &store = corpus.store;
+  std::map<std::string, int> count;  // agree, disagree, status N, skipped
   std::set<std::string> ids, met;
-  for (const Case &c : ReadCases(path, contours)) {
+  for (const Case &c : corpus.cases) {
     ids.insert(c.id);
-    const std::string skip = SkipReason(c);
-    if (!skip.empty()) {
-      ++skipped["cases: " + skip];
-      continue;
-    }
     for (const Expectation &e : c.expectations) {
-      if (!Runnable(c, e)) {
-        ++skipped["checks: an operand is not one simple contour"];
+      if (!c.skip.empty() || !Runnable(c, e)) {
+        ++count["skipped"];
         continue;
       }
       CaseRun run(store.get(), c.operands.at(e.a).blocks[0]->k, c.operands.at(e.b).blocks[0]->k);
@@ -394,7 +386,6 @@ void RunCorpusFile(const std::string &name) {
   }
   std::ostringstream summary;
   for (const auto &[what, n] : count) summary << what << " " << n << "; ";
-  for (const auto &[why, n] : skipped) summary << "skipped " << n << " (" << why << "); ";
   std::cout << name << ": " << summary.str() << "listed " << met.size() << "\n";
   testing::Test::RecordProperty("summary", summary.str());
 }
@@ -404,6 +395,36 @@ TEST(BooleanCorpus, Clipper2Polygons) { RunCorpusFile("clipper2_polygons.txt"); 
 TEST(BooleanCorpus, GeosOverlayCurves) { RunCorpusFile("geos_overlay_curves.txt"); }
 TEST(BooleanCorpus, JtsOverlayGeneral) { RunCorpusFile("jts_overlay_general.txt"); }
 TEST(BooleanCorpus, JtsRobustOverlay) { RunCorpusFile("jts_robust_overlay.txt"); }
+
+// Where p lies against a case's polygons: on any ring is the boundary;
+// inside a shell and in none of its polygon's holes is the interior.
+int Locate(const Case &c, GE_POINT p) {
+  std::set<std::string> shells, holes;  // operand and polygon number
+  for (const auto &[name, operand] : c.operands) {
+    for (const Contour *k : operand.blocks) {
+      const uint16_t r = LiPointInKont(k->k, &p);
+      if (r == LI_PT_ON) return 0;
+      const std::vector<std::string> w = Words(k->header);
+      if (r == LI_PT_INSIDE) (w[0] == "hole" ? holes : shells).insert(name + " " + w.at(1));
+    }
+  }
+  for (const std::string &shell : shells) {
+    if (holes.count(shell) == 0) return 1;
+  }
+  return -1;
+}
+
+TEST(PointCorpus, JtsPointAreaLocations) {
+  const CorpusFile corpus("jts_relate_pip.txt");
+  int points = 0;
+  for (const Case &c : corpus.cases) {
+    for (const auto &[p, where] : c.points) {
+      ++points;
+      EXPECT_EQ(Locate(c, p), where) << c.id << " at " << p;
+    }
+  }
+  EXPECT_EQ(points, 27);
+}
 
 }  // namespace
 }  // namespace polyarc_test

@@ -81,31 +81,6 @@ TEST(CrossSearch, SelfListsMatchTheAllPairsLoop) {
   }
 }
 
-TEST(CrossSearch, OneElementCrossedManyTimesInAnyOrder) {
-  // A long line and a long arc crossed by 300 teeth, met forwards,
-  // backwards and shuffled: the quick end-of-run placement and the scan
-  // must agree.
-  const int teeth = 300;
-  for (int order = 0; order < 3; ++order) {
-    Store store;
-    std::vector<int> at(teeth);
-    for (int i = 0; i < teeth; ++i) at[i] = order == 1 ? teeth - 1 - i : i;
-    if (order == 2) std::shuffle(at.begin(), at.end(), std::mt19937(7));
-    std::vector<LI_TAB_STRUCT> comb;
-    for (int i : at) {
-      const double x = 0.5 + i * 0.01;
-      comb.push_back(Line({x, -2}, {x + 0.001, 1}));
-    }
-    LI_TAB_STRUCT *b = Chain(store.get(), comb);
-    LI_TAB_STRUCT *line = Chain(store.get(), {Line({0, 0}, {4, 0}), Line({4, 0}, {0, 0.5})});
-    LI_TAB_STRUCT *arc = Chain(store.get(), {Arc({0.2, -0.9}, {3.8, -0.9}, {2, 3}, LI_ARC_CCW),
-                                             Line({3.8, -0.9}, {0.2, -0.9})});
-    EXPECT_TRUE(SameAsAllPairs(line, b)) << order;
-    EXPECT_TRUE(SameAsAllPairs(arc, b)) << order;
-    EXPECT_TRUE(SameAsAllPairs(b, line)) << order;
-  }
-}
-
 // Whether every entry of part appears in whole, in the same order.
 bool Subsequence(const CrossList &part, const CrossList &whole) {
   int j = 0;

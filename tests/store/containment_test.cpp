@@ -1,10 +1,7 @@
 // Point in contour, contour in contour by vertices and exactly, the
-// answers of the contour tests against the point walk, and the JTS
-// point/area expectations.
+// answers of the contour tests against the point walk.
 #include <cmath>
-#include <string>
 
-#include "support/containment_support.h"
 #include "support/crossing_support.h"
 
 namespace polyarc_test {
@@ -202,43 +199,6 @@ TEST(Containment, WithoutMemoryTheContourTestsStillAnswer) {
     EXPECT_EQ(MemTestLiveBlocks(), blocks);
   });
   EXPECT_GT(failing, 3u);
-}
-
-// Where a point lies against the polygons of a corpus case: on any ring is
-// the boundary; inside a shell and in none of its holes is the interior.
-int Locate(LI_HEAD *head, const CorpusCase &c, GE_POINT p) {
-  std::vector<int> in_shell, in_hole;
-  bool on = false;
-  for (const CorpusRing &ring : c.rings) {
-    LI_TAB_STRUCT *k = Ring(head, ring.vertices);
-    const uint16_t r = Where(k, p);
-    LiRemove(head, &k);
-    on |= r == kOn;
-    if (r == kIn) (ring.hole ? in_hole : in_shell).push_back(ring.polygon);
-  }
-  if (on) return 0;
-  for (int polygon : in_shell) {
-    if (std::find(in_hole.begin(), in_hole.end(), polygon) == in_hole.end()) return 1;
-  }
-  return -1;
-}
-
-TEST(Containment, JtsPointAreaExpectations) {
-  const std::string file = __FILE__;
-  const std::string data = file.substr(0, file.rfind("/tests/")) + "/tests/data/corpus/";
-  const auto cases = ReadPointCases(data + "jts_relate_pip.txt");
-  Store store;
-  int points = 0, agree = 0;
-  for (const CorpusCase &c : cases) {
-    for (const CorpusPoint &point : c.points) {
-      ++points;
-      const int got = Locate(store.get(), c, point.p);
-      EXPECT_EQ(got, point.expected) << c.id << " at " << point.p;
-      agree += got == point.expected;
-    }
-  }
-  EXPECT_EQ(points, 27);
-  RecordProperty("agree", agree);
 }
 
 }  // namespace
