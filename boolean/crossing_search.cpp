@@ -184,9 +184,13 @@ uint16_t CrossNeighbours(const NumberedChain &chain, uint32_t n, CrossListRef re
   return PA_OK;
 }
 
-// While the last entry repeats entry 0: the crossing at A's closing joint
-// is found at A's last element and again at its first.
-void TrimClosingJoint(const GE_CROSS *list, int16_t &last, double tol) {
+// While the last entry repeats entry 0 at A's closing joint: that crossing
+// is found at A's last element and again at its first. Two distinct
+// crossings that merely lie within the tolerance of each other elsewhere
+// (the tip of a thin wedge of A across an edge of B) both stay, or the
+// wedge would lose one of its two crossings.
+void TrimClosingJoint(const GE_CROSS *list, int16_t &last, GE_POINT joint, double tol) {
+  if (last <= 0 || !CoincidePerAxis(list[0].pt, joint, tol)) return;
   while (last > 0 && CoincidePerAxis(list[last].pt, list[0].pt, tol)) --last;
 }
 
@@ -206,7 +210,7 @@ extern "C" uint16_t FlCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **l
   try {
     const uint16_t st = CrossAll(a, NumberedChain(self ? a : b), ref);
     // Self-crossing lists keep both finds of the closing joint.
-    if (st == PA_OK && !self) TrimClosingJoint(*list, *last, Tol());
+    if (st == PA_OK && !self) TrimClosingJoint(*list, *last, a->ap, Tol());
     return st;
   } catch (const std::bad_alloc &) {
     return PA_NO_MEMORY;

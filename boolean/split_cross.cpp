@@ -39,7 +39,10 @@ uint16_t SeekPt(LI_TAB_STRUCT *start, GE_POINT p, LI_TAB_STRUCT *&out) {
 
 // Cuts the piece of elem that carries pt so that a piece ends there, and
 // makes elem that piece. A real cut sets bit in flags and makes loc an
-// end code; *start follows when the cut element was the contour's first.
+// end code; so does a point inside the element that lies within tol of an
+// end, where nothing is cut: the crossing sits at that joint all the same,
+// and FlCrossSetPt must move the joint exactly onto it, or the loops keep
+// a gap there. *start follows when the cut element was the contour's first.
 // A cut arc of radius below tol is made all the same and its status
 // returned after the bookkeeping.
 uint16_t CutAt(LI_HEAD *head, GE_POINT pt, LI_TAB_STRUCT *&elem, uint16_t &loc, uint32_t &flags,
@@ -50,10 +53,9 @@ uint16_t CutAt(LI_HEAD *head, GE_POINT pt, LI_TAB_STRUCT *&elem, uint16_t &loc, 
   LI_TAB_STRUCT *piece = nullptr;
   const uint16_t st = LiElemTeilen(head, e, &piece, &pt);
   if (piece == nullptr) return st;
-  if (piece != before && piece != e) {
-    flags |= bit;
-    loc = GE_AT_END;
-  }
+  const bool cut = piece != before && piece != e;
+  if (cut) flags |= bit;
+  if (cut || loc == GE_INSIDE) loc = GE_AT_END;
   if (start != nullptr && *start == e) *start = piece;
   elem = piece;
   return st;

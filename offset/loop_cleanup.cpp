@@ -57,10 +57,15 @@ void RemovePhantomArcs(LI_HEAD *head, LI_TAB_STRUCT **k) {
 
 // The orientation of a closed result, 0 when its area is within tol of 0.
 // A lone circle with a negative radius is an offset that passed the
-// circle's centre: there is nothing left of it.
+// circle's centre: there is nothing left of it. A lone element whose ends
+// differ is what a walk leaves that stopped at its first corner (the
+// neighbour trimmed to nothing, as when an inward offset shrinks the
+// contour to a point): no closed offset either, whatever its area says.
 int16_t Orientation(const LI_TAB_STRUCT *k) {
+  const double tol = Tol();
   if (k->next == k && IsArc(*k) && k->rad < 0.0) return 0;
-  const double area = LiKontArea(k), tol = Tol();
+  if (k->next == k && !CoincidePerAxis(k->ap, k->ep, tol)) return 0;
+  const double area = LiKontArea(k);
   return static_cast<int16_t>(area > tol ? 1 : area < -tol ? -1 : 0);
 }
 

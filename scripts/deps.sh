@@ -1,7 +1,8 @@
 # Sourced by scripts/test and scripts/demo: installs the build dependencies
 # that are missing (cmake, a C++ compiler; for the tests GoogleTest, the
 # Boost headers, whose Boost.Geometry checks the Boolean operations, and the
-# tools that the install, package and picture tests use; for the benchmarks
+# tools that the install, package and picture tests use; for the fuzz
+# targets clang and its libFuzzer and sanitizer runtimes; for the benchmarks
 # Google Benchmark and the rival libraries GEOS, Clipper 6 and the Boost
 # headers) with apt-get when running as root on Debian; otherwise says what
 # to install.
@@ -18,6 +19,13 @@ polyarc_missing_deps() {
     command -v dpkg-shlibdeps >/dev/null 2>&1 || missing+=(dpkg-dev)
     command -v file >/dev/null 2>&1 || missing+=(file)
     [ -f /usr/include/boost/geometry.hpp ] || missing+=(libboost-dev)
+  fi
+  if [ "${1:-}" = fuzz ]; then
+    if ! command -v clang++ >/dev/null 2>&1; then
+      missing+=(clang libclang-rt-dev)
+    elif [ ! -f "$(clang++ -print-resource-dir)/lib/linux/libclang_rt.fuzzer-$(uname -m).a" ]; then
+      missing+=("libclang-rt-$(clang++ -dumpversion | cut -d. -f1)-dev")
+    fi
   fi
   if [ "${1:-}" = bench ]; then
     command -v pkg-config >/dev/null 2>&1 || missing+=(pkg-config)

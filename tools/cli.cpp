@@ -88,8 +88,10 @@ const std::string kDemoHelp = std::string(
     "\n"
     "Builds shapes with the library's own constructors (a rectangle, a rounded\n"
     "rectangle, a circle, a contour of lines and arcs of both senses, an arc\n"
-    "split into a polyline), prints their measures, and writes the picture\n"
-    "DIR/demo.svg and the shapes as contour text in DIR/demo.txt.\n"
+    "split into a polyline) and operations (a plate offset out and in with each\n"
+    "corner mode; union, intersection and difference of a rounded rectangle\n"
+    "and a circle), prints their measures, and writes the picture DIR/demo.svg\n"
+    "and the shapes as contour text in DIR/demo.txt.\n"
     "\n"
     "options:\n"
     "  -o, --output DIR  the directory to write to (default: the current one;\n"
@@ -98,6 +100,131 @@ const std::string kDemoHelp = std::string(
     "\n"
     "Exit status: 0 on success, 1 when the library refuses an operation or the\n"
     "files cannot be written, 2 for a usage error.\n");
+
+// The outputs of the commands that make contours.
+const char kResultOptions[] =
+    "  -o, --output OUT.txt  the result as contour text, a block per loop ('-' for\n"
+    "                        standard output; the report then goes to standard\n"
+    "                        error)\n"
+    "  --svg OUT.svg         a picture: the input as an outline, the result filled\n";
+
+const char kResultExitStatus[] =
+    "\n"
+    "Exit status: 0 on success, 1 when a file cannot be read or is malformed or\n"
+    "an output cannot be written, or when the library refuses the operation\n"
+    "(the message says what its status means), 2 for a usage error.\n";
+
+// The help of union, intersection or difference: its usage line, what it
+// computes and how it reads an answer without crossings.
+std::string BooleanHelp(const char *command, const char *about) {
+  return std::string("usage: polyarc ") + command +
+         " A.txt B.txt [--a N] [--b N] [-o OUT.txt] [--svg OUT.svg]\n\n" + about +
+         "\n"
+         "A and B may run either way round, but neither may meet itself (a figure\n"
+         "eight, a vertex on another side): the program refuses such a contour. The\n"
+         "library works on copies of them, without their elements shorter than the\n"
+         "tolerance. The report gives the library's status and the loops of the\n"
+         "result with their areas; the loops written run counter-clockwise, holes\n"
+         "clockwise.\n"
+         "\n"
+         "options:\n"
+         "  --a N, --b N          the N-th block of A's or B's file; without it the\n"
+         "                        file must hold a single block\n" +
+         kResultOptions +
+         "  -h, --help            this text\n"
+         "\n"
+         "Exit status: 0 on success, 1 when a file cannot be read, is malformed, or\n"
+         "holds an open contour or one that meets itself, when an output cannot be\n"
+         "written, or when the library refuses the operation (the message says what\n"
+         "its status means), 2 for a usage error (also a file of several blocks\n"
+         "without --a or --b). An empty result is a success.\n";
+}
+
+const std::string kUnionHelp =
+    BooleanHelp("union",
+                "The union of two closed contours A and B (FlUnionKont): an outer loop and\n"
+                "the holes that A and B close off between them. When A and B do not cross,\n"
+                "the library says how they nest, and the union is the outer one when one\n"
+                "lies inside the other, both when they lie apart; the report says which.\n");
+
+const std::string kIntersectionHelp =
+    BooleanHelp("intersection",
+                "The intersection of two closed contours A and B (FlIsectKont): a loop per\n"
+                "piece. When A and B do not cross, the library says how they nest, and the\n"
+                "intersection is the inner one when one lies inside the other, empty when\n"
+                "they lie apart; the report says which. Contours that only share boundary\n"
+                "(a common side) cross, but no loop is part of the intersection: the\n"
+                "library answers that no loop fits, and the intersection is empty.\n");
+
+const std::string kDifferenceHelp =
+    BooleanHelp("difference",
+                "The difference A - B of two closed contours (FlDiffKont): what is left of\n"
+                "A outside B, a loop per piece. When A and B do not cross, the library says\n"
+                "how they nest, and A - B is empty when A lies inside B, A with B as its\n"
+                "hole when B lies inside A, and A when they lie apart; the report says\n"
+                "which. When A lies inside B along a common side no loop is left: the\n"
+                "library answers that no loop fits, and A - B is empty.\n");
+
+const std::string kOffsetHelp =
+    std::string(
+        "usage: polyarc offset FILE -d D [--side left|right|out|in]\n"
+        "                      [--corner round|sharp|gap] [--no-clean] [--check]\n"
+        "                      [-o OUT.txt] [--svg OUT.svg] [--block N]\n"
+        "\n"
+        "Offsets one contour by the distance D: the contour that runs beside it at\n"
+        "that distance (FlParallel), with the loops where it crosses itself cut off\n"
+        "(FlCleanKont). Prints the status and the loops with their areas.\n"
+        "\n"
+        "A closed contour keeps every loop of its own orientation: an inward offset\n"
+        "that splits the contour (a dumbbell's waist) gives every piece, and one\n"
+        "deeper than the contour allows gives nothing. An outward offset is one\n"
+        "region: its outer loop. An open contour keeps the loop that the library's\n"
+        "clean-up picks (FlParallClean).\n"
+        "\n"
+        "options:\n"
+        "  -d, --distance D      the offset distance; a negative D goes to the other\n"
+        "                        side\n"
+        "  --side SIDE           left or right of the direction of travel, or out or\n"
+        "                        in for a closed contour (default: out for a closed\n"
+        "                        contour, left for an open one)\n"
+        "  --corner MODE         how the offsets of neighbouring elements meet where\n"
+        "                        they part: round (the default: an arc about the\n"
+        "                        corner), sharp (extended to their crossing) or gap\n"
+        "                        (left open)\n"
+        "  --no-clean            the raw offset, loops and all\n"
+        "  --check               samples every element of the result and reports the\n"
+        "                        largest |distance to the source - D|, overall and\n"
+        "                        away from the corners (where the nearest point of\n"
+        "                        the source is not a vertex): sharp corners lie\n"
+        "                        farther than D by design\n"
+        "  --block N             the N-th block of the file (default 1)\n") +
+    kResultOptions + "  -h, --help            this text\n" + kResultExitStatus;
+
+const std::string kRectOffsetHelp =
+    std::string(
+        "usage: polyarc rect-offset FILE --dx DX --dy DY [--side left|right|out|in]\n"
+        "                           [--no-clean] [-o OUT.txt] [--svg OUT.svg] [--block N]\n"
+        "\n"
+        "The outline that an axis-parallel rectangle of half-sides DX and DY sweeps\n"
+        "on one side of a contour, in the library's order: arcs are split at their\n"
+        "four axis points (FlOffsSplit), every element is moved by the rectangle's\n"
+        "corner on that side (FlOffsElem), neighbours are bridged (FlOffsKon, also\n"
+        "last to first for a closed contour), the open ends are carried out to the\n"
+        "rectangle's corner (FlOffAnf), and the loops are cleaned as by 'polyarc\n"
+        "offset' (FlCleanKont). Prints the status and the loops with their areas.\n"
+        "\n"
+        "options:\n"
+        "  --dx DX, --dy DY      the rectangle's half-sides (from 0)\n"
+        "  --side SIDE           left or right of the direction of travel, or out or\n"
+        "                        in for a closed contour (default: out for a closed\n"
+        "                        contour, left for an open one)\n"
+        "  --no-clean            the outline before the loop clean-up\n"
+        "  --block N             the N-th block of the file (default 1)\n") +
+    kResultOptions + "  -h, --help            this text\n" + kResultExitStatus;
+
+std::vector<OptionDef> BooleanOptions() {
+  return {{"a", 0, true}, {"b", 0, true}, {"output", 'o', true}, {"svg", 0, true}};
+}
 
 const std::vector<Command> &Commands() {
   static const std::vector<Command> commands = {
@@ -116,6 +243,34 @@ const std::vector<Command> &Commands() {
         {"block", 0, true},
         {"case", 0, true}},
        RunRender},
+      {"union", "the union of two closed contours", kUnionHelp, BooleanOptions(), RunUnion},
+      {"intersection", "the intersection of two closed contours", kIntersectionHelp,
+       BooleanOptions(), RunIntersection},
+      {"difference", "A - B of two closed contours", kDifferenceHelp, BooleanOptions(),
+       RunDifference},
+      {"offset",
+       "the parallel offset of a contour",
+       kOffsetHelp,
+       {{"distance", 'd', true},
+        {"side", 0, true},
+        {"corner", 0, true},
+        {"no-clean", 0, false},
+        {"check", 0, false},
+        {"block", 0, true},
+        {"output", 'o', true},
+        {"svg", 0, true}},
+       RunOffset},
+      {"rect-offset",
+       "the outline a rectangle sweeps along a contour",
+       kRectOffsetHelp,
+       {{"dx", 0, true},
+        {"dy", 0, true},
+        {"side", 0, true},
+        {"no-clean", 0, false},
+        {"block", 0, true},
+        {"output", 'o', true},
+        {"svg", 0, true}},
+       RunRectOffset},
       {"demo",
        "build shapes with the library, measure and draw them",
        kDemoHelp,
@@ -136,7 +291,7 @@ void PrintOverview(std::ostream &out) {
   out << "polyarc: contours of lines and circular arcs, from the command line\n\n"
       << kUsage << "\ncommands:\n";
   for (const Command &command : Commands()) {
-    out << "  " << command.name << std::string(8 - std::string(command.name).size(), ' ')
+    out << "  " << command.name << std::string(14 - std::string(command.name).size(), ' ')
         << command.summary << '\n';
   }
   out << "\n"

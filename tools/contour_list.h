@@ -51,6 +51,12 @@ class ContourList {
       throw;
     }
   }
+  // Takes ownership of k, a contour without origin (a result).
+  void Add(LI_TAB_STRUCT *k) {
+    Contour c;
+    c.k = k;
+    Add(std::move(c));
+  }
   // Moves every contour of other (same store) to the end of this list.
   void Append(ContourList &&other) {
     contours_.reserve(contours_.size() + other.contours_.size());

@@ -20,6 +20,7 @@ class DemoSection {
     std::string label;
     LI_TAB_STRUCT *k = nullptr;
     bool vertices = false;
+    bool outline = false;  // drawn without fill, as the input of an operation
   };
 
   DemoSection(LI_HEAD *store, std::string title) : store_(store), title_(std::move(title)) {}
@@ -39,6 +40,12 @@ class DemoSection {
   // section does.
   LI_TAB_STRUCT *&NewShape(std::string label, bool vertices = false) {
     shapes_.push_back({std::move(label), nullptr, vertices});
+    return shapes_.back().k;
+  }
+  // The same for a shape drawn as an outline only, so that the filled
+  // result of an operation on it stands out.
+  LI_TAB_STRUCT *&NewOutline(std::string label) {
+    shapes_.push_back({std::move(label), nullptr, false, true});
     return shapes_.back().k;
   }
 

@@ -16,6 +16,7 @@
 #include "commands.h"
 #include "demo.h"
 #include "measures.h"
+#include "polyarc/fl.h"
 #include "polyarc/ge.h"
 #include "status_text.h"
 #include "svg.h"
@@ -79,6 +80,78 @@ uint16_t ArcToPolyline(DemoSection &s) {
   return status;
 }
 
+// A 4 x 3 plate of lines and arcs with corners of both kinds: a rounded
+// top right, a step down to a bite out of the top left.
+uint16_t Plate(LI_HEAD *store, LI_TAB_STRUCT *&k) {
+  const GE_POINT p[] = {{0, 0}, {4, 0}, {4, 2}, {3, 3}, {1.8, 3}, {1.8, 2}, {0, 2}};
+  const GE_POINT corner{3, 2}, bite{0.9, 2};
+  uint16_t status = LiMove(store, &k, &p[0]);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[1]);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[2]);
+  if (status == PA_OK) status = LiArc(store, &k, &p[3], &corner, 0);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[4]);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[5]);
+  if (status == PA_OK) status = LiArc(store, &k, &p[6], &bite, 1);
+  if (status == PA_OK) status = LiDraw(store, &k, &p[0]);
+  return status;
+}
+
+// The plate offset outwards and inwards by 0.3 with one corner mode.
+uint16_t Offsets(DemoSection &s, uint16_t mode) {
+  LI_TAB_STRUCT *&plate = s.NewShape("the plate");
+  uint16_t status = Plate(s.store(), plate);
+  uint16_t counter = 0;
+  for (const auto &[side, label] : {std::pair{uint16_t{65535}, "FlParallClean out 0.3"},
+                                    std::pair{uint16_t{1}, "FlParallClean in 0.3"}}) {
+    if (status != PA_OK) break;
+    status =
+        FlParallClean(s.store(), plate, side, 0.3, &s.NewShape(label), mode, 0, 0, 1, &counter, 0);
+  }
+  return status;
+}
+
+uint16_t RoundOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_ROUND); }
+uint16_t SharpOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_SHARP); }
+uint16_t OpenOffsets(DemoSection &s) { return Offsets(s, FL_CORNER_GAP); }
+
+// A rounded rectangle and a circle over its right end, each crossing the
+// other's arcs, as the operands of a Boolean operation.
+uint16_t Operands(DemoSection &s, LI_TAB_STRUCT *&a, LI_TAB_STRUCT *&b) {
+  LI_TAB_STRUCT *&rounded = s.NewOutline("A: LiCreateRound(2, 1, 0.5)");
+  uint16_t status = LiCreateRound(s.store(), &rounded, 2, 1, 0.5);
+  LI_TAB_STRUCT *&circle = s.NewOutline("B: LiCreateCircle((2, 0), 1, ccw)");
+  if (status == PA_OK) status = LiNew(s.store(), &circle);
+  const GE_POINT centre{2, 0};
+  if (status == PA_OK) status = LiCreateCircle(&centre, 1, 1, circle);
+  a = rounded;
+  b = circle;
+  return status;
+}
+
+using BooleanOp = decltype(&FlUnionKont);  // and FlIsectKont, FlDiffKont
+
+// The loops of one Boolean operation on the operands. The shapes cross, so
+// the library answers with loops, not with how they nest.
+uint16_t Boolean(DemoSection &s, BooleanOp op, const std::string &name) {
+  LI_TAB_STRUCT *a = nullptr, *b = nullptr;
+  uint16_t status = Operands(s, a, b);
+  LI_TAB_STRUCT **loops = nullptr;
+  int16_t last = FL_EMPTY, contain = 0;
+  uint32_t no_cross = 1;
+  if (status == PA_OK) status = op(s.store(), a, b, 0, 1, &loops, &last, &no_cross, &contain);
+  if (status == PA_OK && no_cross != 0) status = PA_IMPOSSIBLE;
+  for (int16_t i = 0; status == PA_OK && i <= last; ++i) {
+    const std::string label = name + (last > 0 ? ", loop " + std::to_string(i + 1) : "");
+    s.NewShape(label) = std::exchange(loops[i], nullptr);
+  }
+  FlFreeList(s.store(), &loops, last);
+  return status;
+}
+
+uint16_t Union(DemoSection &s) { return Boolean(s, FlUnionKont, "FlUnionKont"); }
+uint16_t Intersection(DemoSection &s) { return Boolean(s, FlIsectKont, "FlIsectKont"); }
+uint16_t Difference(DemoSection &s) { return Boolean(s, FlDiffKont, "FlDiffKont (A - B)"); }
+
 // The sections in the order of the table and the picture.
 const DemoEntry kSections[] = {
     {"Rectangle", Rectangle},                 // LiCreateRect
@@ -86,6 +159,12 @@ const DemoEntry kSections[] = {
     {"Circle", Circle},                       // LiCreateCircle
     {"Lines and arcs", LinesAndArcs},         // LiMove, LiDraw, LiArc
     {"Arc to polyline", ArcToPolyline},       // GeArcToLinesCalcSeg, GeArcToLinesSplit
+    {"Offset, round corners", RoundOffsets},  // FlParallClean
+    {"Offset, sharp corners", SharpOffsets},
+    {"Offset, corners left open", OpenOffsets},
+    {"Union", Union},                // FlUnionKont
+    {"Intersection", Intersection},  // FlIsectKont
+    {"Difference", Difference},      // FlDiffKont
 };
 
 // ---- Output -----------------------------------------------------------------
@@ -131,7 +210,9 @@ std::string Picture(const std::deque<DemoSection> &sections) {
   for (const DemoSection &section : sections) {
     SvgPanel panel{section.title(), {}};
     for (const DemoSection::Shape &shape : section.shapes()) {
-      panel.layers.push_back({shape.label, {shape.k}, shape.vertices});
+      SvgLayer layer{shape.label, {shape.k}, shape.vertices};
+      if (shape.outline) layer.fill = 0;
+      panel.layers.push_back(std::move(layer));
     }
     panels.push_back(std::move(panel));
   }

@@ -350,9 +350,10 @@ std::string Layer(const SvgLayer &layer, const char *colour, const View &view, b
     if (marks) extra += Circle(k->ap, view, kStartDot, colour);
   }
   std::string svg;
+  if (!(layer.fill > 0)) closed.clear();
   for (const std::string &fill : Fills(closed, view)) {
-    svg += "<path d=\"" + fill + "\" fill=\"" + colour +
-           "\" fill-opacity=\"0.12\" fill-rule=\"evenodd\" stroke=\"none\"/>\n";
+    svg += "<path d=\"" + fill + "\" fill=\"" + colour + "\" fill-opacity=\"" + Px(layer.fill) +
+           "\" fill-rule=\"evenodd\" stroke=\"none\"/>\n";
   }
   // Round joins and caps: where a long outline is cut into several paths
   // the cut looks like any other joint.
@@ -384,8 +385,10 @@ std::string Text(double x, double y, const std::string &text, const char *extra 
   return "<text x=\"" + Px(x) + "\" y=\"" + Px(y) + "\"" + extra + ">" + Xml(text) + "</text>\n";
 }
 
-// A layer is filled when it holds a closed contour; its swatch shows that.
-bool HasClosed(const SvgLayer &layer) {
+// A layer is filled when it holds a closed contour and has a fill; its
+// swatch shows that.
+bool Filled(const SvgLayer &layer) {
+  if (!(layer.fill > 0)) return false;
   for (const LI_TAB_STRUCT *k : layer.contours) {
     if (k != nullptr && Closed(k)) return true;
   }
@@ -396,10 +399,10 @@ std::string Legend(const SvgPanel &panel, double x, double y, bool marks) {
   std::string svg;
   for (std::size_t i = 0; i < panel.layers.size(); ++i, y += kLegendLine) {
     const std::string colour = Colour(i);
-    if (HasClosed(panel.layers[i])) {
+    if (Filled(panel.layers[i])) {
       svg += "<rect x=\"" + Px(x) + "\" y=\"" + Px(y - 9) +
-             "\" width=\"16\" height=\"10\" fill=\"" + colour +
-             "\" fill-opacity=\"0.12\" stroke=\"" + colour + "\" stroke-width=\"1.6\"/>\n";
+             "\" width=\"16\" height=\"10\" fill=\"" + colour + "\" fill-opacity=\"" +
+             Px(panel.layers[i].fill) + "\" stroke=\"" + colour + "\" stroke-width=\"1.6\"/>\n";
     } else {
       svg += "<line x1=\"" + Px(x) + "\" y1=\"" + Px(y - 4) + "\" x2=\"" + Px(x + 16) + "\" y2=\"" +
              Px(y - 4) + "\" stroke=\"" + colour + "\" stroke-width=\"1.6\"/>\n";

@@ -17,6 +17,7 @@ struct SvgLayer {
   std::string label;
   std::vector<const LI_TAB_STRUCT *> contours;
   bool vertices = false;  // a dot at every vertex (and no direction arrows)
+  double fill = 0.12;     // opacity of the closed contours' fill; 0 draws outlines only
 };
 
 // One picture with a title, its layers and a legend. Panels are laid out

@@ -463,6 +463,12 @@ void WriteContour(std::ostream &out, const LI_TAB_STRUCT *k, const std::string &
   }
 }
 
+std::optional<double> ParseDecimal(std::string_view text) {
+  double x = 0;
+  if (ParseNumber(text, x) != Number::kOk) return std::nullopt;
+  return x;
+}
+
 std::string FormatNumber(double x) {
   char buffer[32];
   const auto result = std::to_chars(buffer, buffer + sizeof buffer, x == 0 ? 0.0 : x);

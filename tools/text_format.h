@@ -19,6 +19,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "contour_list.h"
 #include "polyarc/li.h"
@@ -74,5 +75,8 @@ void WriteContour(std::ostream &out, const LI_TAB_STRUCT *k, const std::string &
 
 // The shortest text that reads back to exactly x ("-0" is written as "0").
 std::string FormatNumber(double x);
+
+// A finite number written as the reader reads coordinates, or nullopt.
+std::optional<double> ParseDecimal(std::string_view text);
 
 }  // namespace polyarc_tool

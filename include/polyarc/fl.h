@@ -36,7 +36,9 @@
  * meeting at their own joint, and the same point reached again through
  * a neighbouring element of b, are left out. For two contours a crossing
  * at a's closing joint is found at a's last and first element and the
- * repeat at the end of the list is dropped; a self list keeps both.
+ * repeat at the end of the list is dropped (only when entry 0 lies at a's
+ * start point: two distinct crossings within the tolerance of each other
+ * elsewhere both stay); a self list keeps both.
  * *list must be null (or a block of the memory service, which is reused);
  * the caller owns it afterwards, whatever the status, and frees it with
  * FlFreeCross. *last receives the last index (FL_EMPTY when none).
@@ -98,8 +100,12 @@ POLYARC_EXTERN uint16_t FlSeekPt(LI_TAB_STRUCT *start, const GE_POINT *p, LI_TAB
  * become the elements that end at pt, and next_a / next_b their
  * successors. An entry at an element's start is first moved to its
  * predecessor. A real cut sets loc_a (loc_b) to GE_AT_END and bit 1 (bit
- * 2) of *flags, which is cleared first. *a and *b hold the contours'
- * first elements and follow when a first element is cut; b may be null
+ * 2) of *flags, which is cleared first. An entry inside an element
+ * (GE_INSIDE) but within tol of its end or start, where nothing is cut,
+ * gets GE_AT_END too (no flag): FlCrossSetPt must then close that joint
+ * exactly on pt, or the loops keep a gap below tol there, and far from the
+ * origin their areas are off by the gap times the distance from the
+ * x-axis. *a and *b hold the contours' first elements and follow when a first element is cut; b may be null
  * for a self list whose first element is tracked through a alone. New
  * records come from head and belong to the contours. Returns 0, the
  * status of FlSeekPt (PA_IMPOSSIBLE) or of LiElemTeilen (PA_NO_RECORD, or
@@ -683,7 +689,9 @@ POLYARC_EXTERN uint16_t FlParallel(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16
  * When nothing crosses, a closed offset is kept only when its orientation
  * is k's: an offset inwards deeper than the contour allows turns round
  * (or, for a circle, passes its centre) and gives nothing, that is status
- * 0 and a null *out, as when every loop has the wrong orientation. Arcs
+ * 0 and a null *out, as when every loop has the wrong orientation; so does
+ * one that shrinks the contour to a point, where the raw offset is a lone
+ * element that does not close. Arcs
  * whose ends coincide within tol in a result of several elements (tiny
  * arcs shrunk by the offset, which would read as full circles) are
  * removed before the clean-up. Returns 0, PA_INVALID for a null k or when

@@ -16,6 +16,56 @@ constexpr Op kOps[] = {Op::kUnion, Op::kIntersection, Op::kDifference};
 
 using Shape = std::function<LI_TAB_STRUCT *(LI_HEAD *)>;
 
+Shape R(double x0, double y0, double x1, double y1) {
+  return [=](LI_HEAD *h) { return Rect(h, x0, y0, x1, y1); };
+}
+Shape C(double x, double y, double r) {
+  return [=](LI_HEAD *h) { return Circle(h, {x, y}, r); };
+}
+
+LI_TAB_STRUCT *CShape(LI_HEAD *head) {
+  return Polygon(head, {{0, 0}, {3, 0}, {3, 1}, {1, 1}, {1, 2}, {3, 2}, {3, 3}, {0, 3}});
+}
+
+// The quarter of the unit disc from the polar angle from to from + pi/2.
+Shape Sector(double from) {
+  return [=](LI_HEAD *head) {
+    const GE_POINT centre{0, 0}, p{std::cos(from), std::sin(from)};
+    const GE_POINT q{std::cos(from + kPi / 2), std::sin(from + kPi / 2)};
+    LI_TAB_STRUCT *k = Polyline(head, {centre, p});
+    EXPECT_EQ(LiArc(head, &k, &q, &centre, 0), PA_OK);
+    EXPECT_EQ(LiDraw(head, &k, &centre), PA_OK);
+    return k;
+  };
+}
+
+// The unit disc about centre as arcs between the polar angles in order,
+// counter-clockwise; the arcs are put in whole, however short.
+Shape Disc(GE_POINT centre, std::vector<double> angles) {
+  return [=](LI_HEAD *head) {
+    const auto at = [&](double a) {
+      return GE_POINT{centre.x + std::cos(a), centre.y + std::sin(a)};
+    };
+    LI_TAB_STRUCT *k = nullptr;
+    for (size_t i = 0; i < angles.size(); ++i) {
+      const LI_TAB_STRUCT arc =
+          Arc(at(angles[i]), at(angles[(i + 1) % angles.size()]), centre, LI_ARC_CCW);
+      EXPECT_EQ(LiInsertElem2(head, &k, &arc), PA_OK);
+    }
+    return k;
+  };
+}
+
+// The upper half of the unit disc about (d, d), drawn from (d - 1, d).
+Shape HalfDisc(double d) {
+  return [=](LI_HEAD *head) {
+    const GE_POINT centre{d, d}, right{1 + d, d}, left{-1 + d, d};
+    LI_TAB_STRUCT *k = Polyline(head, {left, right});
+    EXPECT_EQ(LiArc(head, &k, &left, &centre, 0), PA_OK);
+    return k;
+  };
+}
+
 struct Case {
   const char *name;
   Shape a, b;
@@ -24,67 +74,52 @@ struct Case {
   // Contours that only share boundary cross, but no loop is an
   // intersection: PA_IMPOSSIBLE with the no-crossing flag 0.
   uint16_t isect_status = PA_OK;
+  double within = 1e-9;
 };
 
-LI_TAB_STRUCT *CShape(LI_HEAD *head) {
-  return Polygon(head, {{0, 0}, {3, 0}, {3, 1}, {1, 1}, {1, 2}, {3, 2}, {3, 3}, {0, 3}});
-}
-
-// The quarter of the unit disc from the polar angle from to from + pi/2.
-LI_TAB_STRUCT *Sector(LI_HEAD *head, double from) {
-  const GE_POINT centre{0, 0}, p{std::cos(from), std::sin(from)};
-  const GE_POINT q{std::cos(from + kPi / 2), std::sin(from + kPi / 2)};
-  LI_TAB_STRUCT *k = Polyline(head, {centre, p});
-  EXPECT_EQ(LiArc(head, &k, &q, &centre, 0), PA_OK);
-  EXPECT_EQ(LiDraw(head, &k, &centre), PA_OK);
-  return k;
-}
-
 const double kLens = 2 * kPi / 3 - std::sqrt(3.0) / 2;  // unit circles 1 apart
+const double kTol = 5e-05, kSliver = 1.3 * kTol;
+const double kCap = std::sqrt(3.0) / 4 + kPi / 6 - 0.5;  // the unit disc left of x = -0.5
+const Shape kTriangle = [](LI_HEAD *h) { return Polygon(h, {{0, 0}, {2, 0}, {0, 2}}); };
+// A wedge 3 + e long whose tip pokes e past x = 2, with its two crossings
+// of that line 0.7 tol apart.
+const double kPoke = 1e-3, kHalfBase = 0.35 * kTol * (3 + kPoke) / kPoke;
+const double kWedge = kHalfBase * (3 + kPoke);
+const double kWedgeIn = 2 * kHalfBase * (2 + 2 * kPoke) / (3 + kPoke);  // within x <= 2
+const Shape kThinWedge = [](LI_HEAD *h) {
+  return Polygon(h, {{2 + kPoke, 1}, {-1, 1 + kHalfBase}, {-1, 1 - kHalfBase}});
+};
 
 const Case kCases[] = {
-    {"squares offset by half", [](LI_HEAD *h) { return Rect(h, 0, 0, 1, 1); },
-     [](LI_HEAD *h) { return Rect(h, 0.5, 0.5, 1.5, 1.5); }, 1, 1, 1.75, 0.25, 0.75},
-    {"unit circles 1 apart",
-     [](LI_HEAD *h) {
-       return Circle(h, {0, 0}, 1);
-     },
-     [](LI_HEAD *h) {
-       return Circle(h, {1, 0}, 1);
-     },
-     kPi, kPi, 2 * kPi - kLens, kLens, kPi - kLens},
-    {"circle in a square",
-     [](LI_HEAD *h) {
-       return Circle(h, {0, 0}, 1);
-     },
-     [](LI_HEAD *h) { return Rect(h, -2, -2, 2, 2); }, kPi, 16, 16, kPi, 0},
-    {"square round a circle", [](LI_HEAD *h) { return Rect(h, -2, -2, 2, 2); },
-     [](LI_HEAD *h) {
-       return Circle(h, {0, 0}, 1);
-     },
-     16, kPi, 16, kPi, 16 - kPi},
-    {"disjoint boxes", [](LI_HEAD *h) { return Rect(h, 0, 0, 1, 1); },
-     [](LI_HEAD *h) { return Rect(h, 2, 0, 3, 1); }, 1, 1, 2, 0, 1},
-    {"apart, boxes overlapping",
-     [](LI_HEAD *h) {
-       return Polygon(h, {{0, 0}, {2, 0}, {0, 2}});
-     },
-     [](LI_HEAD *h) { return Rect(h, 1.5, 1.5, 2.5, 2.5); }, 2, 1, 3, 0, 2},
-    {"a shared edge", [](LI_HEAD *h) { return Rect(h, 0, 0, 1, 1); },
-     [](LI_HEAD *h) { return Rect(h, 1, 0, 2, 1); }, 1, 1, 2, 0, 1, PA_IMPOSSIBLE},
-    {"part of an edge shared", [](LI_HEAD *h) { return Rect(h, 0, 0, 1, 1); },
-     [](LI_HEAD *h) { return Rect(h, 1, 0.5, 2, 1.5); }, 1, 1, 2, 0, 1, PA_IMPOSSIBLE},
-    {"a touch at a corner", [](LI_HEAD *h) { return Rect(h, 0, 0, 1, 1); },
-     [](LI_HEAD *h) { return Rect(h, 1, 1, 2, 2); }, 1, 1, 2, 0, 1},
-    {"a square on the inside of another's edge", [](LI_HEAD *h) { return Rect(h, 0, 0, 4, 4); },
-     [](LI_HEAD *h) { return Rect(h, 0, 1, 1, 2); }, 16, 1, 16, 1, 15},
-    {"quarter discs side by side", [](LI_HEAD *h) { return Sector(h, 0); },
-     [](LI_HEAD *h) { return Sector(h, kPi / 2); }, kPi / 4, kPi / 4, kPi / 2, 0, kPi / 4,
-     PA_IMPOSSIBLE},
-    {"a C closed by a bar", CShape, [](LI_HEAD *h) { return Rect(h, 2.5, 0, 4, 3); }, 7, 4.5, 10.5,
-     1, 6},
-    {"a bar closing a C", [](LI_HEAD *h) { return Rect(h, 2.5, 0, 4, 3); }, CShape, 4.5, 7, 10.5, 1,
-     3.5},
+    {"squares offset by half", R(0, 0, 1, 1), R(0.5, 0.5, 1.5, 1.5), 1, 1, 1.75, 0.25, 0.75},
+    {"unit circles 1 apart", C(0, 0, 1), C(1, 0, 1), kPi, kPi, 2 * kPi - kLens, kLens, kPi - kLens},
+    {"circle in a square", C(0, 0, 1), R(-2, -2, 2, 2), kPi, 16, 16, kPi, 0},
+    {"square round a circle", R(-2, -2, 2, 2), C(0, 0, 1), 16, kPi, 16, kPi, 16 - kPi},
+    {"disjoint boxes", R(0, 0, 1, 1), R(2, 0, 3, 1), 1, 1, 2, 0, 1},
+    {"apart, boxes overlapping", kTriangle, R(1.5, 1.5, 2.5, 2.5), 2, 1, 3, 0, 2},
+    {"a shared edge", R(0, 0, 1, 1), R(1, 0, 2, 1), 1, 1, 2, 0, 1, PA_IMPOSSIBLE},
+    {"part of an edge shared", R(0, 0, 1, 1), R(1, 0.5, 2, 1.5), 1, 1, 2, 0, 1, PA_IMPOSSIBLE},
+    {"a touch at a corner", R(0, 0, 1, 1), R(1, 1, 2, 2), 1, 1, 2, 0, 1},
+    {"a square inside another's edge", R(0, 0, 4, 4), R(0, 1, 1, 2), 16, 1, 16, 1, 15},
+    {"quarter discs side by side", Sector(0), Sector(kPi / 2), kPi / 4, kPi / 4, kPi / 2, 0,
+     kPi / 4, PA_IMPOSSIBLE},
+    {"a C closed by a bar", CShape, R(2.5, 0, 4, 3), 7, 4.5, 10.5, 1, 6},
+    {"a bar closing a C", R(2.5, 0, 4, 3), CShape, 4.5, 7, 10.5, 1, 3.5},
+    // A piece of the unit circle whose chord is 1.3 tol (0.92 tol per axis)
+    // has ends that coincide: it must not act as the whole circle, whose
+    // crossings with B's edges lie far from it.
+    {"a sliver arc", Disc({0, 0}, {0, kPi / 4 - kSliver / 2, kPi / 4 + kSliver / 2}),
+     R(-2, -0.5, -0.5, 0.5), kPi, 1.5, kPi + 1.5 - kCap, kCap, kPi - kCap},
+    // Arcs of one circle whose centres differ by 0.8 tol per axis are the
+    // same circle for some tests and not for others: the result must still
+    // be the half disc within the tolerance.
+    {"circles moved by less than tol", Disc({0, 0}, {0, kPi}), HalfDisc(0.8 * kTol), kPi, kPi / 2,
+     kPi, kPi / 2, kPi / 2, PA_OK, 10 * kTol * 2 * kPi},
+    // Both crossings of the tip count, though they lie near A's closing
+    // joint and within tol of each other; the tip outside B is narrower
+    // than the tolerance and may go.
+    {"a thin wedge's tip across an edge", kThinWedge, R(0, 0, 2, 2), kWedge, 4,
+     kWedge + 4 - kWedgeIn, kWedgeIn, kWedge - kWedgeIn, PA_OK, kPoke * kTol},
 };
 
 double Expected(const Case &c, Op op) {
@@ -112,15 +147,15 @@ TEST(Boolean, HandCasesInEveryOrientationAndTheirIdentities) {
         EXPECT_EQ(r.status(), op == Op::kIntersection ? c.isect_status : uint16_t{PA_OK});
         EXPECT_TRUE(r.status() == PA_OK || r.no_cross() == 0);
         area[static_cast<int>(op)] = r.RegionArea(c.area_a, c.area_b);
-        EXPECT_NEAR(area[static_cast<int>(op)], Expected(c, op), 1e-9);
+        EXPECT_NEAR(area[static_cast<int>(op)], Expected(c, op), c.within);
         for (LI_TAB_STRUCT *k : r.loops()) EXPECT_TRUE(LiCheck(k) && LiTestClosed(k));
         Live all = live;
         for (LI_TAB_STRUCT *k : r.loops()) all.push_back(k);
         EXPECT_TRUE(AllRecordsAccounted(store.head(), all));
       }
       EXPECT_TRUE(SameContents(Snapshot(a), a0) && SameContents(Snapshot(b), b0)) << c.name;
-      EXPECT_NEAR(area[0] + area[1], c.area_a + c.area_b, 1e-9) << c.name;
-      EXPECT_NEAR(area[2] + area[1], c.area_a, 1e-9) << c.name;
+      EXPECT_NEAR(area[0] + area[1], c.area_a + c.area_b, c.within) << c.name;
+      EXPECT_NEAR(area[2] + area[1], c.area_a, c.within) << c.name;
     }
   }
 }
@@ -147,20 +182,14 @@ TEST(Boolean, TheResultListAndTheContainmentValue) {
     Outcome r(store.get(), op, a, same);
     EXPECT_TRUE(r.status() == PA_OK && r.no_cross() == 1 && r.contain() == 1) << OpName(op);
   }
-  // Nesting by argument order.
-  LI_TAB_STRUCT *disc = Circle(store.get(), {0.5, 0.5}, 0.25);
-  Outcome in(store.get(), Op::kUnion, disc, a), out(store.get(), Op::kDifference, a, disc);
-  EXPECT_TRUE(in.no_cross() == 1 && in.contain() == 1 && in.list() == nullptr);
-  EXPECT_TRUE(out.no_cross() == 1 && out.contain() == -1 && out.list() == nullptr);
-  EXPECT_EQ(FlUnionKont(store.get(), nullptr, a, 0, 1, nullptr, nullptr, nullptr, nullptr),
-            PA_INVALID);
   LI_TAB_STRUCT **list = nullptr;
   int16_t last = 0, contain = 0;
   uint32_t no_cross = 0;
   EXPECT_EQ(FlDiffKont(store.get(), a, nullptr, 0, 1, &list, &last, &no_cross, &contain),
             PA_INVALID);
   EXPECT_TRUE(list == nullptr && last == FL_EMPTY);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, disc, same}));
+  EXPECT_EQ(FlUnionKont(store.get(), a, a, 0, 1, nullptr, nullptr, nullptr, nullptr), PA_INVALID);
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, same}));
 }
 
 TEST(BewDiffMaxKont, TheLargestLoopOrNothing) {
@@ -181,8 +210,8 @@ TEST(BewDiffMaxKont, TheLargestLoopOrNothing) {
 }
 
 // Every allocation of each operation fails in turn, the memory service's
-// and the store's record by record: a documented status, the inputs as they were, and no
-// record lost. (A failing crossing list inside the containment test only
+// and the store's record by record: a documented status, the inputs as
+// they were, and no record lost. (A failing crossing list inside the containment test only
 // falls back to its vertex test, so a failure may also end in success.)
 void RunFailing(const Shape &shape_a, const Shape &shape_b, Op op, InjectedFailure &failure,
                 size_t spare) {
@@ -204,13 +233,9 @@ void RunFailing(const Shape &shape_a, const Shape &shape_b, Op op, InjectedFailu
 }
 
 TEST(Boolean, FailingAllocationsAtEveryStep) {
-  const Case *cases[] = {
-      &kCases[0],   // squares: copies, crossing list, cuts, loops
-      &kCases[1],   // circles: arcs cut
-      &kCases[2],   // no crossing: containment
-      &kCases[11],  // a union with a hole
-  };
-  for (const Case *c : cases) {
+  // Squares: copies, crossing list, cuts, loops; a circle in a square:
+  // containment.
+  for (const Case *c : {&kCases[0], &kCases[2]}) {
     for (Op op : kOps) {
       SCOPED_TRACE(testing::Message() << c->name << ", " << OpName(op));
       EXPECT_GT(ForEachAllocationFailure([&](InjectedFailure &failure) {
@@ -225,67 +250,6 @@ TEST(Boolean, FailingAllocationsAtEveryStep) {
       }
     }
   }
-}
-
-// ---- Geometry at the tolerance's reach -------------------------------------
-
-// The unit disc about centre as arcs between the polar angles in order,
-// counter-clockwise; the arcs are put in whole, however short.
-LI_TAB_STRUCT *Disc(LI_HEAD *head, GE_POINT centre, std::initializer_list<double> angles) {
-  const auto at = [&](double a) {
-    return GE_POINT{centre.x + std::cos(a), centre.y + std::sin(a)};
-  };
-  LI_TAB_STRUCT *k = nullptr;
-  for (auto it = angles.begin(); it != angles.end(); ++it) {
-    const double to = it + 1 == angles.end() ? *angles.begin() : *(it + 1);
-    const LI_TAB_STRUCT arc = Arc(at(*it), at(to), centre, LI_ARC_CCW);
-    EXPECT_EQ(LiInsertElem2(head, &k, &arc), PA_OK);
-  }
-  return k;
-}
-
-struct Expect {
-  double union_, isect, diff;
-};
-
-void ExpectAreas(LI_HEAD *head, LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, double area_a, double area_b,
-                 const Expect &want, double within) {
-  for (Op op : kOps) {
-    Outcome r(head, op, a, b);
-    SCOPED_TRACE(OpName(op));
-    EXPECT_EQ(r.status(), PA_OK);
-    const double want_area = op == Op::kUnion          ? want.union_
-                             : op == Op::kIntersection ? want.isect
-                                                       : want.diff;
-    EXPECT_NEAR(r.RegionArea(area_a, area_b), want_area, within);
-  }
-}
-
-// A piece of the unit circle whose chord is 1.3 tol (0.92 tol per axis) has
-// ends that coincide: it must not act as the whole circle, whose crossings
-// with B's edges lie far from it.
-TEST(BooleanNearTolerance, ASliverArcIsNotTheWholeCircle) {
-  Store store;
-  const double tol = GeEpsiGetTol(), sliver = 1.3 * tol;
-  LI_TAB_STRUCT *a = Disc(store.get(), {0, 0}, {0, kPi / 4 - sliver / 2, kPi / 4 + sliver / 2});
-  LI_TAB_STRUCT *b = Rect(store.get(), -2, -0.5, -0.5, 0.5);
-  // The disc left of x = -0.5 within |y| < 0.5.
-  const double cap = std::sqrt(3.0) / 4 + kPi / 6 - 0.5;
-  ExpectAreas(store.get(), a, b, kPi, 1.5, {kPi + 1.5 - cap, cap, kPi - cap}, 1e-9);
-}
-
-// Arcs of one circle whose centres differ by 0.8 tol per axis are the same
-// circle for some tests and not for others: the result must still be the
-// half disc within the tolerance.
-TEST(BooleanNearTolerance, AnArcOnACircleMovedByLessThanTol) {
-  Store store;
-  const double d = 0.8 * GeEpsiGetTol();
-  LI_TAB_STRUCT *a = Disc(store.get(), {0, 0}, {0, kPi});
-  const GE_POINT centre{d, d}, right{1 + d, d}, left{-1 + d, d};
-  LI_TAB_STRUCT *b = Polyline(store.get(), {left, right});
-  ASSERT_EQ(LiArc(store.get(), &b, &left, &centre, 0), PA_OK);
-  ExpectAreas(store.get(), a, b, kPi, kPi / 2, {kPi, kPi / 2, kPi / 2},
-              10 * GeEpsiGetTol() * 2 * kPi);
 }
 
 }  // namespace

@@ -69,20 +69,6 @@ std::vector<uint16_t> Modes(const GE_CROSS *list, int16_t last) {
   return m;
 }
 
-TEST(SetIdentDel, ClassifiesUnsetEntriesVoidsRepeatsStopsAtFailure) {
-  Store store;
-  const double tol = GeEpsiGetTol();
-  const GE_CROSS x = AtOrigin(store.get(), {0, 1}, {0, -1});
-  GE_CROSS preset = x, near = x, apart = x, broken = x;
-  preset.mode = J, preset.pt.x = 1;  // classified before: kept as it is
-  near.pt.x += 0.5 * tol;            // the same crossing again
-  apart.pt.x += 2 * tol;             // the same elements elsewhere
-  broken.next_a = nullptr;
-  GE_CROSS list[] = {x, preset, near, apart, broken, AtOrigin(store.get(), {-1, 1}, {1, 1})};
-  EXPECT_EQ(FlSetIdentDel(list, 5), PA_INVALID);
-  EXPECT_EQ(Modes(list, 5), (std::vector<uint16_t>{X, J, V, X, V, X})) << "the touch unclassified";
-}
-
 // The rules as written: entry j against every later entry.
 void Pairwise(std::vector<GE_CROSS> &list, bool mirrored, uint32_t flag, double tol) {
   for (size_t j = 0; j < list.size(); ++j) {
@@ -129,26 +115,6 @@ TEST(SetIdentDel, RepeatsAndMirroredTwinsFollowThePairwiseRuleWithOrWithoutMemor
     mirrored ? FlRemIdentInv(list.data(), last, flag) : void(FlSetIdentDel(list.data(), last));
     failure.Disarm();
     ASSERT_EQ(Modes(list.data(), last), Modes(expected.data(), last)) << "round " << round;
-  }
-}
-
-TEST(CheckCross, OverlapStretchFromGeometry) {
-  // B comes down onto A at the origin, runs along it to (1, 0) and leaves
-  // up (back to its side) or down (across A); a crossing elsewhere stays.
-  for (double leave : {1.0, -1.0}) {
-    for (int32_t op : {FL_OP_UNION, FL_OP_DIFFERENCE}) {
-      Store store;
-      LI_TAB_STRUCT *a = Polyline(store.get(), {{-1, 0}, {0, 0}, {1, 0}, {2, 0}});
-      LI_TAB_STRUCT *b = Polyline(store.get(), {{0, 1}, {0, 0}, {1, 0}, {1, leave}});
-      GE_CROSS list[] = {Joint(a, b), Joint(a->next, b->next), {}};
-      EXPECT_EQ(FlSetIdentDel(list, 1), PA_OK);
-      EXPECT_EQ(Modes(list, 1), (std::vector<uint16_t>{J, L}));
-      FlCheckCross(list, 2, op);
-      const std::vector<uint16_t> expected = leave > 0              ? std::vector{V, V, X}
-                                             : op == FL_OP_UNION ? std::vector{V, L, X}
-                                                                 : std::vector{J, V, X};
-      EXPECT_EQ(Modes(list, 2), expected) << "leaving to " << leave << ", op " << op;
-    }
   }
 }
 

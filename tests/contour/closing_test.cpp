@@ -35,23 +35,5 @@ TEST(Closing, CloseKontToY0GoesThroughTheAxis) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, low, down}));
 }
 
-TEST(Closing, EveryCloserUnderAllocationFailure) {
-  for (bool through_axis : {false, true}) {
-    ForEachAllocationFailure([&](InjectedFailure &failure) {
-      Store store;
-      LI_TAB_STRUCT *k = Polyline(store.get(), {{1, 1}, {3, 2}});
-      LiChain(k, Polyline(store.get(), {{5, 3}, {2, 4}}));
-      LI_TAB_STRUCT *spare = TakeAllFree(store.get());
-      failure.Arm();
-      // The status is the last gap's, so a failure early on may not show.
-      const uint16_t status =
-          through_axis ? LiCloseKontToY0(store.get(), k) : LiCloseKont(store.get(), k);
-      failure.Disarm();
-      EXPECT_TRUE(failure.Fired() || status == PA_OK);
-      EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, spare}));
-    });
-  }
-}
-
 }  // namespace
 }  // namespace polyarc_test

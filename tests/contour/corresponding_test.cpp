@@ -21,12 +21,6 @@ Numbers NumbersOf(LI_TAB_STRUCT *k) {
   return out;
 }
 
-std::vector<GE_POINT> Vertices(LI_TAB_STRUCT *k) {
-  std::vector<GE_POINT> v;
-  for (LI_TAB_STRUCT *e : Elements(k)) v.insert(v.end(), {e->ap, e->ep});
-  return v;
-}
-
 // No element of the temporary end-marker type (98) is left.
 bool NoSentinel(LI_TAB_STRUCT *k) {
   return std::ranges::none_of(Elements(k), [](auto *e) { return e->type == 98; });
@@ -71,23 +65,6 @@ TEST(CoCoExpKont, ZeroLengthPartnersGoInFrontOfTheNextPairedElement) {
   EXPECT_EQ(LiCoCoExpKont(store.get(), nullptr, &k2), PA_INVALID);
   EXPECT_TRUE(NoSentinel(k1) && NoSentinel(k2));
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {alt[0], alt[1], k1, k2}));
-}
-
-// Partners and temporary end markers, or the blend, come from the store;
-// nothing is handed out on failure.
-TEST(CoCo, NoRecordLostAndNoSentinelLeftWhenTheStoreRunsOut) {
-  for (const bool blend : {false, true}) {
-    ExpectCleanAllocationFailures(PA_NO_MEMORY, Alternating, [&](LI_HEAD *head, Live &live) {
-      LI_TAB_STRUCT *out = nullptr;
-      uint32_t compatible = 0;
-      const uint16_t status = blend ? LiCoCoFactKont(head, live[0], live[0], 0.5, &out, &compatible)
-                                    : LiCoCoExpKont(head, &live[0], &live[1]);
-      EXPECT_TRUE(NoSentinel(live[0]) && NoSentinel(live[1]));
-      EXPECT_EQ(out == nullptr, !blend || status != PA_OK);
-      live.push_back(out);
-      return status;
-    });
-  }
 }
 
 TEST(CoCoFactKont, BlendsPairByPairAndNeedsEqualLengths) {

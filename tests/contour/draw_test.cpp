@@ -41,19 +41,6 @@ TEST(Draw, ArcAcceptsHalfTolAndRefusesOneAndAHalfTol) {
   EXPECT_EQ(Elements(k).size(), 2u);
 }
 
-TEST(Draw, EveryStrokeUnderAllocationFailure) {
-  const GE_POINT o{0, 0}, a{2, 0}, b{2, 2}, c{1, 1};
-  const auto build = [](LI_HEAD *) { return Live{nullptr, nullptr}; };
-  ExpectCleanAllocationFailures(PA_NO_MEMORY, build, [&](LI_HEAD *head, Live &live) {
-    uint16_t status = LiMove(head, &live[0], &o);
-    if (status == PA_OK) status = LiDraw(head, &live[0], &a);  // turns the move into a line
-    if (status == PA_OK) status = LiDraw(head, &live[0], &b);
-    if (status == PA_OK) status = LiArc(head, &live[0], &o, &c, 0);
-    if (status == PA_OK) status = LiDrawNew(head, &live[1], &o, &a);
-    return status;
-  });
-}
-
 TEST(Dump, OneLinePerElementInTheExactFormat) {
   Store store;
   LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {3, 4}});

@@ -31,6 +31,9 @@ TEST(Extend, LinesAreLengthenedAndArcsGetANewLine) {
   LI_TAB_STRUCT *fresh = ArcThenLine(store.get());
   EXPECT_EQ(LiElemVerl(store.get(), &fresh, 0, 1), PA_ZERO_LENGTH);
   EXPECT_EQ(LiCountElem(fresh), 2u) << "a new line of zero length is not kept";
+  LiKontChgDir(&fresh);  // now the arc ends it, running clockwise down to (1, 0)
+  EXPECT_EQ(LiElemVerl(store.get(), &fresh, 1, 0), PA_OK);
+  EXPECT_TRUE(LiCountElem(fresh) == 3 && fresh->prev->ep == (GE_POINT{1, -1}));
 
   LI_TAB_STRUCT *both = ArcThenLine(store.get());
   ASSERT_EQ(LiVerlKont(store.get(), &both, 1), PA_OK);
@@ -38,43 +41,6 @@ TEST(Extend, LinesAreLengthenedAndArcsGetANewLine) {
   EXPECT_EQ(both->ap, (GE_POINT{1, -1}));
   EXPECT_EQ(both->prev->ep, (GE_POINT{0, 4}));
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {line, k, fresh, both}));
-}
-
-TEST(Extend, VerlKontUnderAllocationFailureStillMovesTheEndLine) {
-  const unsigned long failing = ForEachAllocationFailure([](InjectedFailure &failure) {
-    Store store;
-    LI_TAB_STRUCT *k = ArcThenLine(store.get());
-    LI_TAB_STRUCT *spare = TakeAllFree(store.get());
-    LI_TAB_STRUCT *const arc = k;
-    failure.Arm();
-    const uint16_t status = LiVerlKont(store.get(), &k, 1);
-    failure.Disarm();
-    EXPECT_EQ(status, failure.Fired() ? PA_NO_MEMORY : PA_OK);
-    if (failure.Fired()) {
-      EXPECT_EQ(k, arc);
-      EXPECT_EQ(k->prev->ep, (GE_POINT{0, 4}));
-      EXPECT_EQ(k->prev->ang_ep - k->prev->ang_ap, 2) << "but not re-expanded";
-    }
-    EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, spare}));
-  });
-  EXPECT_GT(failing, 0u);
-}
-
-TEST(Extend, ElemVerlAtAnArcUnderAllocationFailure) {
-  for (int32_t at_start : {0, 1}) {
-    ForEachAllocationFailure([&](InjectedFailure &failure) {
-      Store store;
-      LI_TAB_STRUCT *k = ArcThenLine(store.get());
-      if (at_start == 0) LiKontChgDir(&k);  // now the arc is at the end
-      LI_TAB_STRUCT *spare = TakeAllFree(store.get());
-      failure.Arm();
-      const uint16_t status = LiElemVerl(store.get(), &k, 1, at_start);
-      failure.Disarm();
-      EXPECT_EQ(status, failure.Fired() ? PA_NO_MEMORY : PA_OK);
-      EXPECT_EQ(LiCountElem(k), failure.Fired() ? 2u : 3u);
-      EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, spare}));
-    });
-  }
 }
 
 }  // namespace

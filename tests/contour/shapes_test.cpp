@@ -38,18 +38,5 @@ TEST(Shapes, RectanglesElementByElementAndTheCircle) {
   EXPECT_EQ(LiCreateCircle(nullptr, 1, 1, &e), PA_INVALID);
 }
 
-// The strokes drawn before the store ran out stay.
-TEST(Shapes, AllocationFailureKeepsWhatWasDrawn) {
-  for (bool round : {false, true}) {
-    const auto build = [](LI_HEAD *) { return Live{nullptr}; };
-    ExpectCleanAllocationFailures(PA_NO_MEMORY, build, [&](LI_HEAD *head, Live &live) {
-      const uint16_t status =
-          round ? LiCreateRound(head, &live[0], 3, 2, 0.5) : LiCreateRect(head, &live[0], 2, 1);
-      EXPECT_EQ(LiCountElem(live[0]) < (round ? 8u : 4u), status != PA_OK);
-      return status;
-    });
-  }
-}
-
 }  // namespace
 }  // namespace polyarc_test

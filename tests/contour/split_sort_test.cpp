@@ -64,16 +64,6 @@ TEST(SplitKont, BadNumbersAndPoints) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
 }
 
-TEST(SplitKont, UnderAllocationFailure) {
-  const GE_POINT q1{1, 0}, q2{4, 3};
-  ExpectCleanAllocationFailures(
-      PA_NO_RECORD, [](LI_HEAD *head) { return Live{NumberedSquare(head)}; },
-      [&](LI_HEAD *head, Live &live) {
-        live.resize(4);
-        return LiSplitKont(head, &live[0], &live[2], &live[3], 1, &q1, 2, &q2);
-      });
-}
-
 // (0,0)->(1,0), (2,0)->(1,0), (1,0)->(3,0), in this order.
 LI_TAB_STRUCT *ThreeLines(LI_HEAD *head) {
   LI_TAB_STRUCT *k = Polyline(head, {{0, 0}, {1, 0}});

@@ -1,6 +1,6 @@
-// Arc and circle construction, the line through two points, the area of a
-// circular segment, arcs and segments divided into polylines, and the shared
-// polyline buffer: reused, grown on demand, null when memory fails.
+// Arc and circle construction, the line through two points, arcs and
+// segments divided into polylines, and the shared polyline buffer: reused,
+// grown on demand, null when memory fails.
 #include <cmath>
 #include <tuple>
 
@@ -64,23 +64,6 @@ TEST(CircleServices, ThroughThreePointsAndTangentToALineAtAPoint) {
   ToleranceScope tol(0.25);
   EXPECT_EQ(GeCirByPtPtPt(&a, &flat, &end, &m, &r), PA_IMPOSSIBLE) << "height 0.125 < tol";
   EXPECT_EQ(GeCirByPtPtPt(&a, &high, &end, &m, &r), PA_OK);
-}
-
-TEST(ArcArea, MatchesTheSegmentFormulaInBothSensesFromSmallToNearlyFull) {
-  const GE_POINT c{-2, 3}, o{0, 0}, a{1, 0};
-  const double r = 1.5;
-  const auto at = [&](double t) { return GE_POINT{c.x + r * std::cos(t), c.y + r * std::sin(t)}; };
-  for (double start = -3.0; start < 3.2; start += 0.7) {
-    for (double theta : {1e-3, 0.05, 1.0, kPi / 2, kPi, 4.0, 2 * kPi - 0.01}) {
-      const GE_POINT ap = at(start), ccw_ep = at(start + theta), cw_ep = at(start - theta);
-      const long double t = theta;  // r^2 (theta - sin theta) / 2 in extended precision
-      const double want = static_cast<double>(0.5L * r * r * (t - std::sin(t)));
-      EXPECT_NEAR(GeArcArea(&ap, &ccw_ep, &c, r, LI_ARC_CCW), want, 1e-9 * want) << theta;
-      EXPECT_NEAR(GeArcArea(&ap, &cw_ep, &c, r, LI_ARC_CW), want, 1e-9 * want) << theta;
-    }
-  }
-  EXPECT_NEAR(GeArcArea(&a, &a, &o, 2, LI_ARC_CW), 4 * kPi, 1e-15) << "coincident ends";
-  EXPECT_EQ(GeArcArea(nullptr, &a, &o, 1, LI_ARC_CCW), 0);
 }
 
 TEST(ArcBy3PointsTangAndCenter, CentreInThePlaneOfTheFirstPoint) {

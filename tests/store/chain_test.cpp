@@ -51,19 +51,6 @@ TEST(Chain, Chain2BridgesAGapOfTolOrMore) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
 }
 
-TEST(Chain, Chain2LeavesTheChainUnjoinedWhenTheBridgeFails) {
-  ExpectCleanAllocationFailures(
-      PA_NO_MEMORY,
-      [](LI_HEAD *head) {
-        return Live{Polyline(head, {{0, 0}, {1, 0}}), Polyline(head, {{9, 9}, {9, 8}})};
-      },
-      [](LI_HEAD *head, Live &live) {
-        const uint16_t status = LiChain2(head, &live[0], live[1]);
-        if (status == PA_OK) live[1] = nullptr;  // joined: now part of live[0]
-        return status;
-      });
-}
-
 TEST(Chain, InsertElemSkipsZeroLengthElementsAndInsertElem2DoesNot) {
   ToleranceScope tol(0.5);
   Store store;

@@ -9,26 +9,6 @@ namespace {
 
 using Chain = std::vector<LI_TAB_STRUCT *>;
 
-TEST(Store, GrowsByTablesOf128AndBlocksOf256InAddressOrder) {
-  Store store;
-  const unsigned long calls = MemTestAllocCalls();
-  EXPECT_EQ(LiExpand(store.get(), 0), PA_OK);
-  EXPECT_EQ(MemTestAllocCalls(), calls) << "a count of 0 allocates nothing";
-  for (int i = 0; i < 256; ++i) {
-    LI_TAB_STRUCT *e = LiNewNoInit(store.get());
-    ASSERT_EQ(e, store.head().blocks[0] + i);
-  }
-  EXPECT_EQ(MemTestBlockBytes(store.head().blocks), 128 * sizeof(LI_TAB_STRUCT *));
-  ASSERT_EQ(LiExpand(store.get(), 3), PA_OK);  // in front of what is free
-  ASSERT_NE(LiNewNoInit(store.get()), nullptr);
-  ASSERT_NE(LiNewNoInit(store.get()), nullptr);
-  EXPECT_EQ(LiNewNoInit(store.get()), store.head().blocks[1] + 2);
-  ASSERT_NE(LiNewNoInit(store.get()), nullptr);  // the 260th record, from a third block
-  EXPECT_EQ(MemTestBlockBytes(store.head().blocks[2]), 256 * sizeof(LI_TAB_STRUCT));
-  while (store.head().nblocks < 129) ASSERT_EQ(LiExpand(store.get(), 1), PA_OK);
-  EXPECT_EQ(MemTestBlockBytes(store.head().blocks), 256 * sizeof(LI_TAB_STRUCT *));
-}
-
 TEST(Store, NewClearsItsRecordAndFailsWithoutTouchingTheOutput) {
   Store store;
   LI_TAB_STRUCT *e = LiNewNoInit(store.get());
@@ -117,19 +97,6 @@ TEST(Store, UnchainBlockRebasesTheHandleOntoTheElementAfterTheRun) {
   LiDelBlock(store.get(), &rest, e[3], e[4]);
   EXPECT_EQ(Elements(rest), Chain{e[0]});
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {rest, e[1]}));
-}
-
-TEST(Store, FreeMemReturnsEveryBlockAndTheStoreWorksAgain) {
-  const unsigned long live = MemTestLiveBlocks();
-  LI_HEAD head{};
-  LiFreeMem(&head);  // never used: nothing happens
-  for (int round = 0; round < 2; ++round) {
-    for (int i = 0; i < 600; ++i) ASSERT_NE(LiNewNoInit(&head), nullptr);
-    EXPECT_EQ(MemTestLiveBlocks(), live + 4) << "a table and three blocks";
-    LiFreeMem(&head);
-    EXPECT_EQ(MemTestLiveBlocks(), live);
-    EXPECT_TRUE(head.free == nullptr && head.blocks == nullptr && head.nblocks == 0);
-  }
 }
 
 TEST(Store, NullArgumentsAreHarmless) {

@@ -6,15 +6,8 @@
 namespace polyarc_test {
 
 const char *OpName(Op op) {
-  switch (op) {
-    case Op::kUnion:
-      return "union";
-    case Op::kIntersection:
-      return "intersection";
-    case Op::kDifference:
-      return "difference";
-  }
-  return "?";
+  static const char *const kNames[] = {"union", "intersection", "difference"};
+  return kNames[static_cast<int>(op)];
 }
 
 Outcome::Outcome(LI_HEAD *head, Op op, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b,

@@ -77,12 +77,6 @@ LI_TAB_STRUCT Shapes::Bulge(GE_POINT p, GE_POINT q) {
   return Arc(p, q, {m.x + t * n.x, m.y + t * n.y}, Chance(0.5) ? LI_ARC_CW : LI_ARC_CCW);
 }
 
-testing::AssertionResult Near(GE_POINT got, GE_POINT want) {
-  if (std::fabs(got.x - want.x) <= 1e-9 && std::fabs(got.y - want.y) <= 1e-9)
-    return testing::AssertionSuccess();
-  return testing::AssertionFailure() << got << " is not " << want;
-}
-
 testing::AssertionResult SameEntries(const GE_CROSS *a, int16_t a_last, const GE_CROSS *b,
                                      int16_t b_last) {
   if (a_last != b_last)
@@ -165,6 +159,7 @@ uint16_t AllPairsCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **list, 
   const uint16_t st = AllPairs(building, a, self ? a : b, 0);
   if (st != PA_OK || self) return st;
   const double tol = GeEpsiGetTol();
+  if (*last > 0 && !Joined((*list)[0].pt, a->ap, tol)) return st;
   while (*last > 0 && Joined((*list)[*last].pt, (*list)[0].pt, tol)) --*last;
   return st;
 }

@@ -61,10 +61,6 @@ struct CrossList {
   int16_t last = FL_EMPTY;
 };
 
-// Passes when the points agree within 1e-9 in each coordinate (crossing
-// points carry the rounding of the intersection formulas).
-testing::AssertionResult Near(GE_POINT got, GE_POINT want);
-
 // Passes when both lists hold the same entries, field for field, in the
 // same order.
 testing::AssertionResult SameEntries(const GE_CROSS *a, int16_t a_last, const GE_CROSS *b,

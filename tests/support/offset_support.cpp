@@ -39,23 +39,9 @@ double Distance(GE_POINT p, const LI_TAB_STRUCT &e) {
   return to({e.ap.x + u * dx, e.ap.y + u * dy});
 }
 
-Points Chorded(LI_TAB_STRUCT *k, double step) {
-  Points out;
-  for (LI_TAB_STRUCT *e : Elements(k)) {
-    const Points s = Samples(*e, step);
-    out.insert(out.end(), out.empty() ? s.begin() : s.begin() + 1, s.end());
-  }
-  return out;
-}
-
-double Orient(GE_POINT a, GE_POINT b, GE_POINT c) {
-  return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
-}
-
-bool Opposite(double a, double b) { return (a > 1e-12 && b < -1e-12) || (a < -1e-12 && b > 1e-12); }
-
-}  // namespace
-
+// Points along e about `step` apart, ends included. Arcs are sampled from
+// where their ends really lie, whatever the sign of their radius; an arc
+// whose ends coincide is a full circle.
 Points Samples(const LI_TAB_STRUCT &e, double step) {
   const bool arc = IsArcType(e);
   const double r = std::fabs(e.rad), sweep = arc ? Sweep(e) : 0.0;
@@ -73,6 +59,23 @@ Points Samples(const LI_TAB_STRUCT &e, double step) {
   }
   return out;
 }
+
+Points Chorded(LI_TAB_STRUCT *k, double step) {
+  Points out;
+  for (LI_TAB_STRUCT *e : Elements(k)) {
+    const Points s = Samples(*e, step);
+    out.insert(out.end(), out.empty() ? s.begin() : s.begin() + 1, s.end());
+  }
+  return out;
+}
+
+double Orient(GE_POINT a, GE_POINT b, GE_POINT c) {
+  return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+}
+
+bool Opposite(double a, double b) { return (a > 1e-12 && b < -1e-12) || (a < -1e-12 && b > 1e-12); }
+
+}  // namespace
 
 double OffsetDeviation(LI_TAB_STRUCT *result, LI_TAB_STRUCT *source, double d) {
   double worst = 0.0;

@@ -8,11 +8,6 @@
 
 namespace polyarc_test {
 
-// Points along e about `step` apart, ends included. Arcs are sampled from
-// where their ends really lie, whatever the sign of their radius; an arc
-// whose ends coincide is a full circle.
-Points Samples(const LI_TAB_STRUCT &e, double step);
-
 // The largest |distance to the source - d| over samples every 0.01 of
 // every result element, moves included (a move left in a result shows).
 double OffsetDeviation(LI_TAB_STRUCT *result, LI_TAB_STRUCT *source, double d);

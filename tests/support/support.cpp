@@ -74,10 +74,6 @@ bool Owned(const std::vector<Block> &blocks, const LI_TAB_STRUCT *p) {
   return false;
 }
 
-}  // namespace
-
-namespace {
-
 testing::AssertionResult Audit(const LI_HEAD &head,
                                const std::vector<const LI_TAB_STRUCT *> &live) {
   std::vector<Block> blocks;

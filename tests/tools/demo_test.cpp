@@ -1,5 +1,6 @@
 // The demo run in-process: a failing allocation anywhere in its sections
-// ends it with the library's status, and every block goes back.
+// ends it with the library's status or leaves it unchanged, and every
+// block goes back.
 #include <filesystem>
 #include <sstream>
 
@@ -24,8 +25,15 @@ TEST(Demo, AllocationFailureEndsTheDemoWithItsStatus) {
     failure.Arm();
     const int code = RunDemo(options, run_out, run_err);
     failure.Disarm();
-    EXPECT_EQ(code, failure.Fired() ? kExitFailure : kExitOk);
-    EXPECT_EQ(failure.Fired(), run_err.str().find("failed: out of memory") != std::string::npos);
+    // A few allocations only speed a step up (the Boolean operations sort
+    // their crossings for a faster search): without them the demo is the
+    // same.
+    if (code == kExitOk) {
+      EXPECT_EQ(run_out.str(), out.str()) << "allocation " << failure.n();
+    } else {
+      EXPECT_EQ(code, kExitFailure);
+      EXPECT_NE(run_err.str().find("failed: out of memory"), std::string::npos) << run_err.str();
+    }
     EXPECT_EQ(MemTestLiveBlocks(), blocks) << "the demo's store is freed on every path";
   });
   EXPECT_GT(runs, 0u);
