@@ -1,7 +1,9 @@
 // Union, difference and intersection of two closed contours, computed on
 // copies, and the largest loop of a difference or intersection.
+#include <algorithm>
 #include <cmath>
 
+#include "contour/element_area.h"
 #include "geom/predicates.h"
 #include "polyarc/fl.h"
 #include "polyarc/li.h"
@@ -25,9 +27,28 @@ class CopyGuard {
   LI_TAB_STRUCT *k_ = nullptr;
 };
 
+// A copy's box (the union of its stored element boxes, as LiKontBox takes
+// it) and its signed area (as LiKontArea sums it), taken in one walk.
 struct Box {
-  GE_POINT lo, hi;
+  GE_POINT lo{1e308, 1e308}, hi{-1e308, -1e308};
+  double area = 0.0;
 };
+
+// slivers tells whether DropSlivers would find work.
+Box Measure(const LI_TAB_STRUCT *k, bool &slivers) {
+  const double tol = Tol();
+  Box box;
+  slivers = false;
+  const LI_TAB_STRUCT *e = k;
+  do {
+    slivers = slivers || (IsArc(*e) && IsFullCircle(*e, tol));
+    box.lo = {std::min(box.lo.x, e->box.xmin), std::min(box.lo.y, e->box.ymin)};
+    box.hi = {std::max(box.hi.x, e->box.xmax), std::max(box.hi.y, e->box.ymax)};
+    box.area += ElementArea(*e, tol);
+    e = e->next;
+  } while (e != k);
+  return box;
+}
 
 // Touching boxes overlap.
 bool Overlap(const Box &a, const Box &b) {
@@ -39,12 +60,14 @@ bool Overlap(const Box &a, const Box &b) {
 // left by a cut near an arc's end, not a full circle (the containment walk
 // skips it for that reason): it would count as a whole disc in areas and
 // boxes and cross B anywhere on its circle. It goes, and its neighbours
-// meet.
+// meet. The walk ends at the element that was last when it began, so it
+// needs no count.
 uint16_t DropSlivers(LI_HEAD *head, LI_TAB_STRUCT *&k) {
   const double tol = Tol();
-  const uint32_t n = LiCountElem(k);
   LI_TAB_STRUCT *e = k;
-  for (uint32_t i = 0; i < n && k->next != k; ++i) {
+  const LI_TAB_STRUCT *const last = e->prev;
+  for (bool at_last = false; !at_last && k->next != k;) {
+    at_last = e == last;
     LI_TAB_STRUCT *next = e->next;
     if (IsArc(*e) && IsFullCircle(*e, tol)) {
       LI_TAB_STRUCT *prev = e->prev;
@@ -60,7 +83,7 @@ uint16_t DropSlivers(LI_HEAD *head, LI_TAB_STRUCT *&k) {
 
 // Copies src whole into copy, removes its short elements (flattening
 // nearly straight arcs unless told to keep them) and slivers, and takes
-// its box.
+// its box and area.
 uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, bool keep_arcs,
                      CopyGuard &copy, Box &box) {
   copy.Reset();
@@ -68,16 +91,20 @@ uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, 
   if (copy.k() == nullptr) return PA_NO_RECORD;
   if (auto status = LiRemShort(head, &copy.k(), 1, short_len, keep_arcs ? 0 : 1); status != PA_OK)
     return status;
+  // Slivers are rare: the walk that measures the copy looks for them too,
+  // and only when it finds one are they dropped and the copy measured again.
+  bool slivers = false;
+  box = Measure(copy.k(), slivers);
+  if (!slivers) return PA_OK;
   if (auto status = DropSlivers(head, copy.k()); status != PA_OK) return status;
-  LiKontBox(copy.k(), &box.lo, &box.hi);
+  box = Measure(copy.k(), slivers);
   return PA_OK;
 }
 
 enum class Sense { kPositive, kNegative };
 
-// Turns the copy to the wanted sense; returns its area as it came.
-double Orient(LI_TAB_STRUCT *&k, Sense sense) {
-  const double area = LiKontArea(k);
+// Turns the copy of the given area to the wanted sense; returns |area|.
+double Orient(LI_TAB_STRUCT *&k, double area, Sense sense) {
   const bool turn = sense == Sense::kPositive ? !(area >= 0.0) : area > 0.0;
   if (turn) LiKontChgDir(&k);
   return std::fabs(area);
@@ -131,9 +158,9 @@ uint16_t Combine(LI_HEAD *head, const Operands &in, int32_t op, const Result &r)
   if (auto status = PrepareCopy(head, in.b, in.short_len, in.keep_arcs, cb, bb); status != PA_OK)
     return status;
   if (!Overlap(ba, bb)) return PA_OK;
-  const double area_a = Orient(ca.k(), Sense::kPositive);
+  const double area_a = Orient(ca.k(), ba.area, Sense::kPositive);
   const double area_b =
-      Orient(cb.k(), op == FL_OP_DIFFERENCE ? Sense::kNegative : Sense::kPositive);
+      Orient(cb.k(), bb.area, op == FL_OP_DIFFERENCE ? Sense::kNegative : Sense::kPositive);
   uint32_t split = 0;
   if (auto status = FlCrossKonturClosed(head, &ca.k(), &cb.k(), op, &split, r.loops, r.last);
       status != PA_OK) {

@@ -34,13 +34,9 @@ class PointerSlots {
 // i + 1, which is read later.
 static_assert(sizeof(GE_CROSS) >= 2 * sizeof(LI_TAB_STRUCT *));
 
-void MarkLoop(LI_TAB_STRUCT *start, uint16_t mark) {
-  LI_TAB_STRUCT *e = start;
-  do {
-    e->mark = mark;
-    e = e->next;
-  } while (e != start);
-}
+// The mark of an element recorded at a crossing whose loop is not listed
+// yet. Other elements may carry any mark; the walks set them all to 0.
+constexpr uint16_t kUnlisted = 0xFFFF;
 
 // Exchanges the successors of a and b at every usable crossing and records
 // a and b; returns the number of pointers recorded.
@@ -54,25 +50,29 @@ size_t Rewire(GE_CROSS *list, int16_t last, PointerSlots &slots) {
     LI_TAB_STRUCT *a_next = a->next;
     Link(a, b->next);
     Link(b, a_next);
-    a->mark = 0;
-    b->mark = 0;
+    a->mark = kUnlisted;
+    b->mark = kUnlisted;
     slots.Set(recorded++, a);
     slots.Set(recorded++, b);
   }
   return recorded;
 }
 
-// Lists each loop once, by the first recorded element on it; marks make
-// every loop walked once to list it and once to clear it.
+// Lists each loop once, by the first recorded element on it: listing a
+// loop walks it once and clears every mark on it, so its other recorded
+// elements are passed over.
 int16_t ListLoops(PointerSlots &slots, size_t recorded) {
   int count = 0;
   for (size_t p = 0; p < recorded; ++p) {
-    LI_TAB_STRUCT *e = slots.Get(p);
-    if (e->mark != 0) continue;
-    slots.Set(static_cast<size_t>(count++), e);
-    MarkLoop(e, 1);
+    LI_TAB_STRUCT *start = slots.Get(p);
+    if (start->mark != kUnlisted) continue;
+    slots.Set(static_cast<size_t>(count++), start);
+    LI_TAB_STRUCT *e = start;
+    do {
+      e->mark = 0;
+      e = e->next;
+    } while (e != start);
   }
-  for (int i = 0; i < count; ++i) MarkLoop(slots.Get(static_cast<size_t>(i)), 0);
   return static_cast<int16_t>(count - 1);
 }
 

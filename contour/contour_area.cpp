@@ -1,26 +1,9 @@
 // Signed area and direction of travel of whole contours.
 #include <utility>
 
+#include "contour/element_area.h"
 #include "geom/predicates.h"
-#include "polyarc/ge.h"
 #include "polyarc/li.h"
-
-namespace polyarc {
-namespace {
-
-// The element's share of the contour's signed area: the trapezoid under
-// its chord, plus or minus the segment between an arc and its chord. A
-// full circle counts as the whole disc instead.
-double ElementArea(const LI_TAB_STRUCT &e, double tol) {
-  const double sense = e.type == LI_ARC_CCW ? 1.0 : -1.0;
-  if (IsArc(e) && IsFullCircle(e, tol)) return sense * kPi * e.rad * e.rad;
-  double area = -0.5 * (e.ep.x - e.ap.x) * (e.ap.y + e.ep.y);
-  if (IsArc(e)) area += sense * GeArcArea(&e.ap, &e.ep, &e.mp, e.rad, e.type);
-  return area;
-}
-
-}  // namespace
-}  // namespace polyarc
 
 using namespace polyarc;
 

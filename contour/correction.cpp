@@ -46,13 +46,16 @@ uint16_t CorrectOnCircle(LI_TAB_STRUCT *e, GE_POINT p, double tol) {
 // which tiny(e, only) holds, only being true when e is the last element
 // left. keep(e) is called for every element that stays, in order, with
 // whether elements were deleted since the previous one that stayed.
+// The walk ends at the element that was last when it began (deleting an
+// element leaves its successor's place unchanged), so it needs no count.
 template <class Tiny, class Keep>
 void DeleteEach(LI_HEAD *head, LI_TAB_STRUCT **kont, Tiny tiny, Keep keep) {
-  const uint32_t n = LiCountElem(*kont);
   LI_TAB_STRUCT *e = *kont;
+  const LI_TAB_STRUCT *const last = e->prev;
   bool deleted = false;
-  for (uint32_t i = 0; i < n; ++i) {
+  for (;;) {
     LI_TAB_STRUCT *next = e->next;
+    const bool at_last = e == last;
     if (tiny(*e, next == e)) {
       LiDel(head, kont, e);
       deleted = true;
@@ -60,9 +63,13 @@ void DeleteEach(LI_HEAD *head, LI_TAB_STRUCT **kont, Tiny tiny, Keep keep) {
       keep(e, deleted);
       deleted = false;
     }
+    if (at_last) break;
     e = next;
   }
 }
+
+// LiCountElem(k) < 2 without walking the chain.
+bool FewerThanTwo(const LI_TAB_STRUCT *k) { return k == nullptr || k->next == k; }
 
 // Calls step(e) for every element in chain order; an open contour's last
 // element is left out.
@@ -130,21 +137,14 @@ bool Short(const LI_TAB_STRUCT &e, bool only, double min) {
   return min > e.rad || chord < min;
 }
 
-// Recomputes every element after the joints moved; the union of all
-// statuses met.
-uint16_t RecomputeAll(LI_TAB_STRUCT *k, bool closed) {
-  uint16_t status = PA_OK;
-  ForEachJoint(k, closed, [&status](LI_TAB_STRUCT *e) {
-    if (IsArc(*e)) {
-      status |= LiRadKorr(e);
-      status |= LiElemExpand(e);
-    } else if (IsLine(*e)) {
-      status |= LiElemExpandDrawVectorized(e);
-    } else {
-      status |= LiElemExpand(e);
-    }
-  });
-  return status;
+// Recomputes one element after its joints moved; its status.
+uint16_t Recompute(LI_TAB_STRUCT *e) {
+  if (IsArc(*e)) {
+    const uint16_t status = LiRadKorr(e);
+    return static_cast<uint16_t>(status | LiElemExpand(e));
+  }
+  if (IsLine(*e)) return LiElemExpandDrawVectorized(e);
+  return LiElemExpand(e);
 }
 
 }  // namespace
@@ -165,30 +165,41 @@ extern "C" uint16_t LiKorrElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const GE_POI
 
 extern "C" uint16_t LiKorrKont(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t closed) {
   if (head == nullptr || kont == nullptr) return PA_INVALID;
-  if (LiCountElem(*kont) < 2) return PA_OK;
+  if (FewerThanTwo(*kont)) return PA_OK;
   const double tol = Tol();
   DeleteEach(
       head, kont, [tol](const LI_TAB_STRUCT &e, bool only) { return TooSmall(e, only, tol); },
       [](LI_TAB_STRUCT *, bool) {});
-  if (LiCountElem(*kont) < 2) return PA_OK;
+  if (FewerThanTwo(*kont)) return PA_OK;
   return Rejoin(*kont, closed != 0);
 }
 
 extern "C" uint16_t LiRemShort(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t closed, double min,
                                int32_t flatten) {
   if (head == nullptr || kont == nullptr) return PA_INVALID;
-  if (LiCountElem(*kont) < 2) return PA_OK;
+  if (FewerThanTwo(*kont)) return PA_OK;
   if (flatten != 0) Flatten(*kont, min);
-  LI_TAB_STRUCT *kept = nullptr;
+  // Every element is recomputed once its end is final, in the same walk:
+  // an inner element when the next one stays, the first and the last at
+  // the end (the last one's end closes the contour, and the first one's
+  // start is read then). Each recomputation touches its own element only,
+  // so the order does not matter; the statuses are joined.
+  LI_TAB_STRUCT *kept = nullptr, *first_kept = nullptr;
+  uint16_t status = PA_OK;
   DeleteEach(
       head, kont, [min](const LI_TAB_STRUCT &e, bool only) { return Short(e, only, min); },
-      [&kept](LI_TAB_STRUCT *e, bool after_gap) {
+      [&](LI_TAB_STRUCT *e, bool after_gap) {
         // Close the gap that deletions left behind the last element kept.
         if (after_gap && kept != nullptr) kept->ep = e->ap;
+        if (kept != nullptr && kept != first_kept) status |= Recompute(kept);
+        if (first_kept == nullptr) first_kept = e;
         kept = e;
       });
-  if (LiCountElem(*kont) < 2) return PA_OK;
+  if (FewerThanTwo(*kont)) return PA_OK;
   LI_TAB_STRUCT *first = *kont;
   if (closed != 0) first->prev->ep = first->ap;
-  return RecomputeAll(first, closed != 0);
+  status |= Recompute(first);
+  // An open contour's last element is left as it is.
+  if (closed != 0) status |= Recompute(first->prev);
+  return status;
 }

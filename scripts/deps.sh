@@ -2,8 +2,10 @@
 # that are missing (cmake, a C++ compiler; for the tests GoogleTest, the
 # Boost headers, whose Boost.Geometry checks the Boolean operations, and the
 # tools that the install, package and picture tests use; for the fuzz
-# targets clang and its libFuzzer and sanitizer runtimes) with apt-get when
-# running as root on Debian; otherwise says what to install.
+# targets clang and its libFuzzer and sanitizer runtimes; for the benchmarks
+# Google Benchmark and the rival libraries GEOS, Clipper 6 and the Boost
+# headers) with apt-get when running as root on Debian; otherwise says what
+# to install.
 polyarc_missing_deps() {
   local missing=()
   command -v cmake >/dev/null 2>&1 || missing+=(cmake)
@@ -24,6 +26,14 @@ polyarc_missing_deps() {
     elif [ ! -f "$(clang++ -print-resource-dir)/lib/linux/libclang_rt.fuzzer-$(uname -m).a" ]; then
       missing+=("libclang-rt-$(clang++ -dumpversion | cut -d. -f1)-dev")
     fi
+  fi
+  if [ "${1:-}" = bench ]; then
+    command -v pkg-config >/dev/null 2>&1 || missing+=(pkg-config)
+    command -v python3 >/dev/null 2>&1 || missing+=(python3)
+    [ -f /usr/include/benchmark/benchmark.h ] || missing+=(libbenchmark-dev)
+    [ -f /usr/include/geos_c.h ] || missing+=(libgeos-dev)
+    [ -f /usr/include/polyclipping/clipper.hpp ] || missing+=(libpolyclipping-dev)
+    [ -f /usr/include/boost/geometry.hpp ] || missing+=(libboost-dev)
   fi
   echo "${missing[@]}"
 }

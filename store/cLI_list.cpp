@@ -41,8 +41,8 @@ uint16_t Expand(LI_HEAD &head, uint16_t count) {
   return PA_OK;
 }
 
-LI_TAB_STRUCT *PopFree(LI_HEAD &head) {
-  if (head.free == nullptr && Expand(head, kDefaultBlock) != PA_OK) return nullptr;
+LI_TAB_STRUCT *PopFree(LI_HEAD &head, uint16_t grow_by) {
+  if (head.free == nullptr && Expand(head, grow_by) != PA_OK) return nullptr;
   LI_TAB_STRUCT *e = head.free;
   head.free = e->next;
   return e;
@@ -63,7 +63,7 @@ extern "C" uint16_t LiExpand(LI_HEAD *head, uint16_t count) {
 }
 
 extern "C" LI_TAB_STRUCT *LiNewNoInit(LI_HEAD *head) {
-  return head != nullptr ? PopFree(*head) : nullptr;
+  return head != nullptr ? PopFree(*head, kDefaultBlock) : nullptr;
 }
 
 extern "C" uint16_t LiNew(LI_HEAD *head, LI_TAB_STRUCT **out) {

@@ -48,7 +48,7 @@ inline void Append(LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first) {
 
 // Store internals (store/cLI_list.cpp).
 uint16_t Expand(LI_HEAD &head, uint16_t count);
-LI_TAB_STRUCT *PopFree(LI_HEAD &head);
+LI_TAB_STRUCT *PopFree(LI_HEAD &head, uint16_t grow_by);
 void SpliceIntoFree(LI_HEAD &head, LI_TAB_STRUCT *first);
 
 }  // namespace polyarc

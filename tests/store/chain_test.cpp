@@ -1,5 +1,9 @@
 // Joining chains, appending copies of elements, copying contours and
 // checking links.
+#include <cstddef>
+#include <cstring>
+#include <vector>
+
 #include "support/support.h"
 
 namespace polyarc_test {
@@ -89,6 +93,63 @@ TEST(Chain, CopiesUnderAllocationFailureLoseNothing) {
   ExpectCleanAllocationFailures(PA_NO_MEMORY, build, [](LI_HEAD *head, Live &live) {
     live.push_back(LiCopyBlock(head, live[0], live[0]->prev));
     return live.back() != nullptr ? uint16_t{PA_OK} : uint16_t{PA_NO_MEMORY};
+  });
+}
+
+// A zig-zag of n lines.
+LI_TAB_STRUCT *ZigZag(LI_HEAD *head, int n) {
+  LI_TAB_STRUCT *k = Polyline(head, {{0, 0}, {1, 1}});
+  for (int i = 2; i <= n; ++i) {
+    const GE_POINT p{double(i), double(i % 2)};
+    LiDraw(head, &k, &p);
+  }
+  return k;
+}
+
+// Whether two elements hold the same geometry, payload, number and mark.
+bool SameElement(const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b) {
+  return std::memcmp(a, b, offsetof(LI_TAB_STRUCT, next)) == 0 && a->attr_val == b->attr_val &&
+         a->attr_id == b->attr_id && a->no == b->no && a->mark == b->mark;
+}
+
+TEST(Chain, LongCopiesAreExactAndRunForwardsThroughMemory) {
+  Store store;
+  LI_TAB_STRUCT *src = ZigZag(store.get(), 1500);
+  src->next->mark = 7;
+  // Free 3000 records in a scrambled order, as earlier operations leave them.
+  std::vector<LI_TAB_STRUCT *> singles(3000);
+  for (LI_TAB_STRUCT *&e : singles) ASSERT_EQ(LiNew(store.get(), &e), PA_OK);
+  for (size_t i = 0; i < singles.size(); ++i) {
+    LI_TAB_STRUCT *e = singles[i * 1237 % singles.size()];
+    LiDel(store.get(), &e, e);
+  }
+  LI_TAB_STRUCT *copy = LiCopyBlock(store.get(), src, src->prev);
+  const Chain s = Elements(src), c = Elements(copy);
+  ASSERT_EQ(c.size(), s.size());
+  for (size_t i = 0; i < c.size(); ++i) {
+    EXPECT_TRUE(SameElement(c[i], s[i])) << "element " << i;
+    if (i > 0) {
+      EXPECT_LT(c[i - 1], c[i]) << "element " << i;
+    }
+  }
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {src, copy}));
+}
+
+TEST(Chain, LongCopiesUnderAllocationFailureLoseNothing) {
+  // The first allocation may be the copy's scratch array, which it does
+  // without; a failing growth of the store gives no copy.
+  ForEachAllocationFailure([](InjectedFailure &failure) {
+    Store store;
+    LI_TAB_STRUCT *src = ZigZag(store.get(), 1100);
+    LI_TAB_STRUCT *spare = TakeAllFree(store.get());
+    failure.Arm();
+    LI_TAB_STRUCT *copy = LiCopyBlock(store.get(), src, src->prev);
+    failure.Disarm();
+    if (copy != nullptr) {
+      EXPECT_EQ(LiCountElem(copy), 1100u);
+      EXPECT_TRUE(SameElement(copy->prev, src->prev));
+    }
+    EXPECT_TRUE(AllRecordsAccounted(store.head(), {src, spare, copy}));
   });
 }
 
