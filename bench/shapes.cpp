@@ -28,15 +28,15 @@ ArcGeometry ArcOf(const Vertex &p, const Vertex &q) {
 
 }  // namespace
 
-Ring Star(const StarSpec &spec) {
-  std::mt19937 rng(spec.seed);
+Ring Star(const StarSpec &star) {
+  std::mt19937 rng(star.seed);
   std::uniform_real_distribution<> unit(0.0, 1.0);
-  const double r0 = spec.n / kTwoPi;
-  Ring ring(spec.n);
-  for (int i = 0; i < spec.n; ++i) {
-    const double t = spec.phase + kTwoPi * i / spec.n;
+  const double r0 = star.n / kTwoPi;
+  Ring ring(star.n);
+  for (int i = 0; i < star.n; ++i) {
+    const double t = star.phase + kTwoPi * i / star.n;
     const double r =
-        r0 * (1 + spec.lobes * std::sin(5 * t)) - spec.shrink + spec.noise * unit(rng);
+        r0 * (1 + star.lobes * std::sin(5 * t)) - star.shrink + star.noise * unit(rng);
     ring[i] = {r * std::cos(t), r * std::sin(t), 0};
   }
   return ring;

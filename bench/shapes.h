@@ -37,7 +37,7 @@ struct StarSpec {
   double phase = 0;
   unsigned seed = 1;
 };
-Ring Star(const StarSpec &spec);
+Ring Star(const StarSpec &star);
 
 // Turns every `every`-th edge into an arc of sagitta `rel` x its chord,
 // bulging out and in by turns.
