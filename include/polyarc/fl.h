@@ -155,7 +155,12 @@ POLYARC_EXTERN void FlFreeList(LI_HEAD *head, LI_TAB_STRUCT ***list, int16_t las
  * b_out. A half of B whose tangent runs within 60 degrees of a half of A
  * (dot product beyond +-0.5) takes its side from GeTanSide when the two
  * touch, side 0 meaning that it runs along A (a failed GeTanSide tells
- * nothing); a side still unknown is read from the clockwise order of the
+ * nothing). Two such halves also run along each other when they lead to
+ * one point more than tol from pt (per axis) and their sagittas add up to
+ * less than tol: after the joints are snapped onto two crossings a few
+ * tol apart, the tangents of such pieces still come from their old
+ * carriers and would make one passage a crossing and a touch. A side
+ * still unknown is read from the clockwise order of the
  * directions about pt starting at -a_in, a direction within 5e-9 of -a_in
  * counting as -a_in itself. Where A folds back (a_out . a_in < -0.5) and
  * GeTanSide gives its fold a side s, both halves of B count as lying on
