@@ -344,7 +344,9 @@ POLYARC_EXTERN uint16_t FlCleanKont(LI_HEAD *head, LI_TAB_STRUCT **k, int16_t si
  *    the store or the memory ran out (or a crossing point was lost);
  *    PA_LIST_FULL: more than FL_CROSS_MAX crossings; other codes come
  *    from LiRemShort or the element recomputations. PA_INVALID for a null
- *    argument or an empty contour.
+ *    argument or an empty contour, and (*no_cross 1) for a contour that
+ *    is not closed, or whose copy no longer closes once its short
+ *    elements are gone (all of it shorter than short_len).
  * 2. *no_cross 0: the region is the loops 0..*last of *loops, a contour
  *    list the caller frees with FlFreeList. A union gives its outer loop
  *    (counter-clockwise) at index 0, then its holes (clockwise); an

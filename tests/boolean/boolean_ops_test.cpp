@@ -212,6 +212,16 @@ TEST(Boolean, TheResultListAndTheContainmentValue) {
     Outcome r(store.get(), op, a, same);
     EXPECT_TRUE(r.status() == PA_OK && r.no_cross() == 1 && r.contain() == 1) << OpName(op);
   }
+  // A half disc of radius 1e-3 on a's edge is gone at a short length of
+  // 0.01, its line first and then, as the last one left, not its arc: what
+  // remains does not close, so it is no region.
+  LI_TAB_STRUCT *crumb = Polyline(store.get(), {{0.999, 0.5}, {1.001, 0.5}});
+  const GE_POINT crumb_start{0.999, 0.5}, crumb_centre{1, 0.5};
+  EXPECT_EQ(LiArc(store.get(), &crumb, &crumb_start, &crumb_centre, 0), PA_OK);
+  for (Op op : kOps) {
+    Outcome r(store.get(), op, a, crumb, 0.01);
+    EXPECT_TRUE(r.status() == PA_INVALID && r.no_cross() == 1 && r.list() == nullptr);
+  }
   LI_TAB_STRUCT **list = nullptr;
   int16_t last = 0, contain = 0;
   uint32_t no_cross = 0;
@@ -219,7 +229,7 @@ TEST(Boolean, TheResultListAndTheContainmentValue) {
             PA_INVALID);
   EXPECT_TRUE(list == nullptr && last == FL_EMPTY);
   EXPECT_EQ(FlUnionKont(store.get(), a, a, 0, 1, nullptr, nullptr, nullptr, nullptr), PA_INVALID);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, same}));
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, same, crumb}));
 }
 
 TEST(BewDiffMaxKont, TheLargestLoopOrNothing) {
