@@ -151,15 +151,22 @@ TEST(CrossSearch, AllocationFailuresKeepTheEntriesMadeAndFreeTheIndex) {
   Shapes s(77);
   Store store;
   LI_TAB_STRUCT *k = Chain(store.get(), s.Edges(s.Star(40, {0, 0}, 0.2, 2, true), 0.3, 0, 0));
-  for (const int16_t n : {int16_t{0}, int16_t{40}}) {
+  LI_TAB_STRUCT *other = Chain(store.get(), s.Edges(s.Star(40, {0.5, 0}, 0.2, 2, false), 0.3, 0, 0));
+  // A self list of all pairs and of neighbourhoods, and a list of two
+  // contours (n = -1).
+  for (const int16_t n : {int16_t{0}, int16_t{40}, int16_t{-1}}) {
+    const auto build = [&](CrossList &c) {
+      return n < 0 ? FlCrossList(k, other, &c.list, &c.last)
+                   : FlCrossListSingle(k, &c.list, &c.last, n);
+    };
     CrossList whole;
-    ASSERT_EQ(FlCrossListSingle(k, &whole.list, &whole.last, n), PA_OK);
-    ASSERT_GT(whole.size(), 40);
+    ASSERT_EQ(build(whole), PA_OK);
+    ASSERT_GT(whole.size(), 20);
     const unsigned long blocks = MemTestLiveBlocks();
     const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
       CrossList part;
       failure.Arm();
-      const uint16_t st = FlCrossListSingle(k, &part.list, &part.last, n);
+      const uint16_t st = build(part);
       failure.Disarm();
       EXPECT_EQ(st, failure.Fired() ? PA_NO_MEMORY : PA_OK);
       EXPECT_TRUE(Subsequence(part, whole)) << "failure " << failure.n();
