@@ -28,10 +28,12 @@ class CopyGuard {
 };
 
 // A copy's box (the union of its stored element boxes, as LiKontBox takes
-// it) and its signed area (as LiKontArea sums it), taken in one walk.
+// it), its signed area (as LiKontArea sums it) and whether every element
+// ends where the next one starts, taken in one walk.
 struct Box {
   GE_POINT lo{1e308, 1e308}, hi{-1e308, -1e308};
   double area = 0.0;
+  bool closed = true;
 };
 
 // slivers tells whether DropSlivers would find work.
@@ -45,6 +47,7 @@ Box Measure(const LI_TAB_STRUCT *k, bool &slivers) {
     box.lo = {std::min(box.lo.x, e->box.xmin), std::min(box.lo.y, e->box.ymin)};
     box.hi = {std::max(box.hi.x, e->box.xmax), std::max(box.hi.y, e->box.ymax)};
     box.area += ElementArea(*e, tol);
+    box.closed = box.closed && CoincidePerAxis(e->ep, e->next->ap, tol);
     e = e->next;
   } while (e != k);
   return box;
@@ -83,7 +86,8 @@ uint16_t DropSlivers(LI_HEAD *head, LI_TAB_STRUCT *&k) {
 
 // Copies src whole into copy, removes its short elements (flattening
 // nearly straight arcs unless told to keep them) and slivers, and takes
-// its box and area.
+// its box and area. A copy left open is no region: an open source, or one
+// smaller than short_len, of which a single open element remains.
 uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, bool keep_arcs,
                      CopyGuard &copy, Box &box) {
   copy.Reset();
@@ -95,10 +99,11 @@ uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, 
   // and only when it finds one are they dropped and the copy measured again.
   bool slivers = false;
   box = Measure(copy.k(), slivers);
-  if (!slivers) return PA_OK;
-  if (auto status = DropSlivers(head, copy.k()); status != PA_OK) return status;
-  box = Measure(copy.k(), slivers);
-  return PA_OK;
+  if (slivers) {
+    if (auto status = DropSlivers(head, copy.k()); status != PA_OK) return status;
+    box = Measure(copy.k(), slivers);
+  }
+  return box.closed ? PA_OK : PA_INVALID;
 }
 
 enum class Sense { kPositive, kNegative };

@@ -1,9 +1,10 @@
-// A static spatial index over boxes: a packed R-tree whose leaves are the
-// boxes sorted along a Hilbert curve through their centres, 16 to a node.
-// Built once, it answers "which boxes meet this box" in about logarithmic
-// time plus the answers. Items are positions (0 .. n - 1), not pointers.
+// A static spatial index over boxes: a packed R-tree, 16 boxes to a node,
+// built once, that answers "which boxes meet this box" in about
+// logarithmic time plus the answers. Items are positions (0 .. n - 1) in
+// the array of leaves it was built from, not pointers.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "platform/block_allocator.h"
@@ -13,25 +14,57 @@ namespace polyarc {
 
 class BoxIndex {
  public:
-  // Indexes boxes[0 .. n - 1]; item i is boxes[i]. Throws std::bad_alloc.
-  explicit BoxIndex(const BlockVector<GE_BOX> &boxes);
+  // A box of the tree: single precision, half the memory of an element's
+  // box, rounded to the nearest (which keeps every box test that passes).
+  struct Box {
+    float xmin, ymin, xmax, ymax;
+  };
+  using Leaves = BlockVector<Box>;
 
-  // Appends to out every item whose box meets q, edges included (and every
-  // item whose box has a coordinate that is not finite), in no particular
-  // order. Throws std::bad_alloc when out cannot grow.
-  void Query(const GE_BOX &q, BlockVector<uint32_t> &out) const;
+  // The leaf for an element's box; a box with a coordinate that is not
+  // finite (or beyond single precision) stands for the whole plane.
+  static Box Leaf(const GE_BOX &b);
+
+  // Indexes the leaves; item i is leaves[i]. Leaves given in the chain
+  // order of a contour mostly lie next to their neighbours; they then keep
+  // that order, which costs nothing to build. Where runs of neighbours
+  // spread too far (moves, scattered pieces) they are sorted along a
+  // Hilbert curve through their centres instead. Throws std::bad_alloc.
+  explicit BoxIndex(Leaves leaves);
+
+  // Appends to out every item whose box may meet q, edges included: every
+  // one that does, and a few that come within the rounding of the tree
+  // (every item whose box is not finite too). When the leaves keep
+  // the given order the items come ascending; otherwise in no particular
+  // order. Stops and returns false once more than limit items have been
+  // appended. Throws std::bad_alloc when out cannot grow.
+  bool Query(const GE_BOX &q, BlockVector<uint32_t> &out, size_t limit = SIZE_MAX) const;
+
+  // Whether Query gives its items ascending.
+  bool Ordered() const { return leaf_items_.empty(); }
 
  private:
   static constexpr uint32_t kNodeSize = 16;
 
-  // The boxes of all levels, leaves first; for a leaf child_ holds the
-  // item, for an inner node the position of its first child in boxes_.
-  BlockVector<GE_BOX> boxes_;
-  BlockVector<uint32_t> child_;
-  // level_end_[l] is one past the last node of level l; the root is last.
-  BlockVector<uint32_t> level_end_;
-  // Items whose boxes cannot be placed on the curve; every query gets them.
-  BlockVector<uint32_t> unplaced_;
+  void SortLeaves();
+  void BuildLevels();
+  const Box *Level(uint32_t l) const {
+    return l == 0 ? leaves_.data() : nodes_.data() + level_begin_[l];
+  }
+  uint32_t LevelSize(uint32_t l) const {
+    return l == 0 ? static_cast<uint32_t>(leaves_.size()) : level_begin_[l + 1] - level_begin_[l];
+  }
+  uint32_t LeafItem(uint32_t leaf) const { return Ordered() ? leaf : leaf_items_[leaf]; }
+
+  Leaves leaves_;
+  // The item of each leaf; empty when leaf i is item i.
+  BlockVector<uint32_t> leaf_items_;
+  // The inner levels, the leaves' parents first, each in node order: the
+  // children of node j of a level are nodes 16 j .. 16 j + 15 of the level
+  // below. Level l (from 1) starts at level_begin_[l]; the last entry is
+  // one past the root.
+  Leaves nodes_;
+  BlockVector<uint32_t> level_begin_;
   mutable BlockVector<uint32_t> stack_;
 };
 

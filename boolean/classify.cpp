@@ -60,9 +60,34 @@ std::optional<int> TanSide(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, int
   return side == kSideRight ? -1 : side;
 }
 
-bool TanSideIsZero(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, int32_t sum) {
-  return TanSide(e1, e2, sum) == 0;
+// Where a half of a crossing leads away from it: the start of the element
+// that arrives, the end of the one that leaves.
+GE_POINT FarEnd(const LI_TAB_STRUCT *e, bool arriving) { return arriving ? e->ap : e->ep; }
+
+// A half of A and a half of B that lead to one point away from the
+// crossing, each within tol of the chord between, run together within the
+// tolerance whatever angle their tangents make. Snapping joints onto two
+// crossings a few tol apart leaves such pairs; their tangents still come
+// from the old carriers and would split one passage into a crossing and
+// a touch.
+bool RunTogether(const GE_CROSS &c, const LI_TAB_STRUCT *a, bool a_arriving,
+                 const LI_TAB_STRUCT *b, bool b_arriving) {
+  const double tol = Tol();
+  const GE_POINT far_a = FarEnd(a, a_arriving);
+  return !CoincidePerAxis(far_a, c.pt, tol) && CoincidePerAxis(far_a, FarEnd(b, b_arriving), tol) &&
+         Sagitta(*a) + Sagitta(*b) < tol;
 }
+
+// The side on which a half of B parts from a half of A that it runs along:
+// 0 when they run together or touch without parting; nothing when they
+// neither run together nor touch.
+std::optional<int> AlongSide(const GE_CROSS &c, const LI_TAB_STRUCT *a, bool a_arriving,
+                             const LI_TAB_STRUCT *b, bool b_arriving, int32_t sum) {
+  if (RunTogether(c, a, a_arriving, b, b_arriving)) return 0;
+  return TanSide(a, b, sum);
+}
+
+constexpr bool kArriving = true, kLeaving = false;
 
 // What is known of how B arrives (in) and leaves (out); a side is unset
 // until a tangency or the angular fallback settles it.
@@ -76,15 +101,19 @@ struct Sides {
 // side opposite the fold's own, unless they run along A.
 Sides FoldBackSides(const GE_CROSS &c, const Tangents &t, int fold) {
   Sides s{-fold, -fold};
-  if (Dot(t.b_in, t.a_in) > kAlongCosine && TanSideIsZero(c.elem_a, c.elem_b, 0)) {
+  if (Dot(t.b_in, t.a_in) > kAlongCosine &&
+      AlongSide(c, c.elem_a, kArriving, c.elem_b, kArriving, 0) == 0) {
     s.in = 0;
-  } else if (Dot(t.b_in, t.a_out) < -kAlongCosine && TanSideIsZero(c.next_a, c.elem_b, 1)) {
+  } else if (Dot(t.b_in, t.a_out) < -kAlongCosine &&
+             AlongSide(c, c.next_a, kLeaving, c.elem_b, kArriving, 1) == 0) {
     s.in = 0;
     s.rev = 1;
   }
-  if (Dot(t.b_out, t.a_out) > kAlongCosine && TanSideIsZero(c.next_a, c.next_b, 0)) {
+  if (Dot(t.b_out, t.a_out) > kAlongCosine &&
+      AlongSide(c, c.next_a, kLeaving, c.next_b, kLeaving, 0) == 0) {
     s.out = 0;
-  } else if (Dot(t.b_out, t.a_in) < -kAlongCosine && TanSideIsZero(c.elem_a, c.next_b, 1)) {
+  } else if (Dot(t.b_out, t.a_in) < -kAlongCosine &&
+             AlongSide(c, c.elem_a, kArriving, c.next_b, kLeaving, 1) == 0) {
     s.out = 0;
     s.out_rev = 1;
   }
@@ -94,14 +123,18 @@ Sides FoldBackSides(const GE_CROSS &c, const Tangents &t, int fold) {
 // The sides of B's halves where they touch A's halves tangentially.
 Sides TangentSides(const GE_CROSS &c, const Tangents &t) {
   Sides s;
-  if (Dot(t.b_in, t.a_in) > kAlongCosine) s.in = TanSide(c.elem_a, c.elem_b, 0);
+  if (Dot(t.b_in, t.a_in) > kAlongCosine) {
+    s.in = AlongSide(c, c.elem_a, kArriving, c.elem_b, kArriving, 0);
+  }
   if (!s.in && Dot(t.b_in, t.a_out) < -kAlongCosine) {
-    s.in = TanSide(c.next_a, c.elem_b, 1);
+    s.in = AlongSide(c, c.next_a, kLeaving, c.elem_b, kArriving, 1);
     if (s.in == 0) s.rev = 1;
   }
-  if (Dot(t.b_out, t.a_out) > kAlongCosine) s.out = TanSide(c.next_a, c.next_b, 0);
+  if (Dot(t.b_out, t.a_out) > kAlongCosine) {
+    s.out = AlongSide(c, c.next_a, kLeaving, c.next_b, kLeaving, 0);
+  }
   if (!s.out && Dot(t.b_out, t.a_in) < -kAlongCosine) {
-    s.out = TanSide(c.elem_a, c.next_b, 1);
+    s.out = AlongSide(c, c.elem_a, kArriving, c.next_b, kLeaving, 1);
     if (s.out == 0) s.out_rev = 1;
   }
   return s;

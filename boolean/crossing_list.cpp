@@ -110,16 +110,6 @@ void ElementRun::Add(const LI_TAB_STRUCT &a, const GE_CROSS &entry) {
   if (entry.pt.y > points_.ymax) points_.ymax = entry.pt.y;
 }
 
-GE_BOX WidenedBox(const GE_BOX &box, double tol) {
-  const double w = 10.0 * tol;
-  return {box.xmin - w, box.ymin - w, box.xmax + w, box.ymax + w};
-}
-
-bool CrossBoxesOverlap(const GE_BOX &a, const GE_BOX &b) {
-  return !(std::max(a.xmin, b.xmin) > std::min(a.xmax, b.xmax) ||
-           std::max(a.ymin, b.ymin) > std::min(a.ymax, b.ymax));
-}
-
 uint16_t NewCross(CrossListRef ref, int16_t first, const IsectPoint &pt, LI_TAB_STRUCT *elem_a,
                   LI_TAB_STRUCT *elem_b, ElementRun *run) {
   if (IsOwnJoint(pt, elem_a, elem_b)) return PA_OK;

@@ -1,6 +1,7 @@
 // The pieces of the crossing-list code that the list builders share.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "polyarc/records.h"
@@ -16,12 +17,18 @@ struct CrossListRef {
 };
 
 // The box of an element of A as the crossing search sees it: widened by
-// 10 x tol on every side.
-GE_BOX WidenedBox(const GE_BOX &box, double tol);
+// 10 x tol on every side. Inline, as both run once per pair of the search.
+inline GE_BOX WidenedBox(const GE_BOX &box, double tol) {
+  const double w = 10.0 * tol;
+  return {box.xmin - w, box.ymin - w, box.xmax + w, box.ymax + w};
+}
 
 // The box test of the crossing search: A's widened box against B's box as
 // it is. Touching boxes overlap.
-bool CrossBoxesOverlap(const GE_BOX &a_widened, const GE_BOX &b);
+inline bool CrossBoxesOverlap(const GE_BOX &a, const GE_BOX &b) {
+  return !(std::max(a.xmin, b.xmin) > std::min(a.xmax, b.xmax) ||
+           std::max(a.ymin, b.ymin) > std::min(a.ymax, b.ymax));
+}
 
 // How far along a a point with parameter par lies (a line's position, an
 // arc's angle from its start in its sense of travel), and the tolerance

@@ -1,11 +1,15 @@
 // Building crossing lists: the crossings of two contours and of one contour
-// with itself. Each element of A takes its candidates from a spatial index
-// over B's element boxes, puts them in B's chain order and runs the
-// pairwise step on those that pass the box test: the same pairs in the same
-// order as comparing every pair, so the same list, at a fraction of the cost.
+// with itself. One walk of each chain gathers its elements into arrays, and
+// B's boxes into a spatial index; each element of A takes its candidates
+// from the index, in B's chain order, and runs the pairwise step on those
+// that pass the box test: the same pairs in the same order as comparing
+// every pair, so the same list, at a fraction of the cost.
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "boolean/box_index.h"
@@ -17,84 +21,196 @@
 namespace polyarc {
 namespace {
 
-// The elements of a contour in chain order from its first, and the numbers
-// and boxes of those that take part in crossings (all but moves), gathered
-// in one walk: at 10^5 elements every walk of the chain costs more than the
-// arrays it fills.
-struct Numbering {
-  BlockVector<LI_TAB_STRUCT *> all;
-  BlockVector<uint32_t> crossing;
-  BlockVector<GE_BOX> boxes;
+using Elements = BlockVector<LI_TAB_STRUCT *>;
+
+bool Finite(const GE_BOX &b) {
+  return std::isfinite(b.xmin) && std::isfinite(b.ymin) && std::isfinite(b.xmax) &&
+         std::isfinite(b.ymax);
+}
+
+// Where the elements of one contour can meet those of another: the union
+// of their widened boxes, or everywhere when one of them is not finite and
+// so escapes a plain interval test.
+class Reach {
+ public:
+  void Add(const GE_BOX &b) {
+    if (!Finite(b)) {
+      everywhere_ = true;
+    } else if (empty_) {
+      box_ = b;
+      empty_ = false;
+    } else {
+      box_ = {std::min(box_.xmin, b.xmin), std::min(box_.ymin, b.ymin),
+              std::max(box_.xmax, b.xmax), std::max(box_.ymax, b.ymax)};
+    }
+  }
+  // The union of the boxes added, when they are all finite.
+  const GE_BOX *Box() const { return everywhere_ || empty_ ? nullptr : &box_; }
+  // Whether a box may pass the crossing box test with one of the boxes
+  // added: a finite box that misses their union cannot.
+  bool MayMeet(const GE_BOX &b) const {
+    return everywhere_ || !Finite(b) || (!empty_ && BoxesMeet(box_, b));
+  }
+
+ private:
+  bool everywhere_ = false;
+  bool empty_ = true;
+  GE_BOX box_{};
 };
 
-Numbering Number(LI_TAB_STRUCT *k) {
-  Numbering out;
+// The elements of a contour that take part in crossings (all but moves)
+// in chain order, and the leaves of an index over their boxes. The search
+// runs on these compact arrays and reads a record again only for a pair
+// that may pass the box test.
+struct Crossers {
+  Elements elems;
+  BoxIndex::Leaves leaves;
+
+  void Add(LI_TAB_STRUCT *e) {
+    elems.push_back(e);
+    leaves.push_back(BoxIndex::Leaf(e->box));
+  }
+};
+
+// A's elements, and where they reach.
+Elements CrossersOfA(LI_TAB_STRUCT *k, double tol, Reach &reach) {
+  Elements out;
   LI_TAB_STRUCT *e = k;
   do {
     if (e->type != LI_MOVE) {
-      out.crossing.push_back(static_cast<uint32_t>(out.all.size()));
-      out.boxes.push_back(e->box);
+      out.push_back(e);
+      reach.Add(WidenedBox(e->box, tol));
     }
-    out.all.push_back(e);
     e = e->next;
   } while (e != k);
   return out;
+}
+
+// B's elements that may meet one of A's (all of them without A).
+Crossers CrossersOfB(LI_TAB_STRUCT *k, const Reach *reach) {
+  Crossers out;
+  LI_TAB_STRUCT *e = k;
+  do {
+    if (e->type != LI_MOVE && (reach == nullptr || reach->MayMeet(e->box))) out.Add(e);
+    e = e->next;
+  } while (e != k);
+  return out;
+}
+
+// Of the numbers (positions in b) in from, those of b's elements whose
+// boxes pass the crossing box test with A's widened box, in the same order.
+void Overlapping(const GE_BOX &widened, const Elements &b, const BlockVector<uint32_t> &from,
+                 BlockVector<uint32_t> &out) {
+  out.clear();
+  for (const uint32_t i : from)
+    if (CrossBoxesOverlap(widened, b[i]->box)) out.push_back(i);
+}
+
+// The index's candidates for box in ascending order (B's chain order), or
+// false when there are more than limit.
+bool Query(const BoxIndex &index, const GE_BOX &box, BlockVector<uint32_t> &out,
+           size_t limit = SIZE_MAX) {
+  out.clear();
+  if (!index.Query(box, out, limit)) return false;
+  if (!index.Ordered()) std::sort(out.begin(), out.end());
+  return true;
+}
+
+// Neighbours along A's chain lie close together, so a run of them shares
+// one query of B's index, and each element of the run keeps from its
+// answers those that pass its own box test. A run whose widened boxes are
+// not all finite, or whose query gets more than kSharedMost answers, goes
+// back to one query per element.
+constexpr size_t kRun = 8;
+constexpr size_t kSharedMost = 64;
+
+bool QueryRun(const Elements &a, size_t from, size_t to, double tol, const BoxIndex &index,
+              BlockVector<uint32_t> &out) {
+  Reach run;
+  for (size_t i = from; i < to; ++i) run.Add(WidenedBox(a[i]->box, tol));
+  const GE_BOX *box = run.Box();
+  return box != nullptr && Query(index, *box, out, kSharedMost);
+}
+
+// Crosses a with the elements of b numbered in numbers, in that order.
+uint16_t CrossWith(LI_TAB_STRUCT *a, const Elements &b, const BlockVector<uint32_t> &numbers,
+                   CrossListRef ref) {
+  const int16_t first = static_cast<int16_t>(ref.last + 1);
+  ElementRun run;
+  for (const uint32_t i : numbers)
+    if (const uint16_t st = CrossPair(ref, first, a, b[i], run); st != PA_OK) return st;
+  return PA_OK;
+}
+
+// Every element of a against the elements of b, whose boxes b_leaves
+// hold.
+uint16_t CrossAll(const Elements &a, const Elements &b, BoxIndex::Leaves b_leaves,
+                  CrossListRef ref) {
+  if (b.empty()) return PA_OK;
+  const double tol = Tol();
+  const BoxIndex index(std::move(b_leaves));
+  BlockVector<uint32_t> shared, own, numbers;
+  for (size_t from = 0; from < a.size(); from += kRun) {
+    const size_t to = std::min(from + kRun, a.size());
+    const bool sharing = QueryRun(a, from, to, tol, index, shared);
+    for (size_t i = from; i < to; ++i) {
+      const GE_BOX widened = WidenedBox(a[i]->box, tol);
+      if (!sharing) Query(index, widened, own);
+      Overlapping(widened, b, sharing ? shared : own, numbers);
+      if (const uint16_t st = CrossWith(a[i], b, numbers, ref); st != PA_OK) return st;
+    }
+  }
+  return PA_OK;
+}
+
+uint16_t CrossTwo(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, CrossListRef ref) {
+  Reach reach;
+  const Elements as = CrossersOfA(a, Tol(), reach);
+  Crossers bs = CrossersOfB(b, &reach);
+  return CrossAll(as, bs.elems, std::move(bs.leaves), ref);
+}
+
+uint16_t CrossSelf(LI_TAB_STRUCT *k, CrossListRef ref) {
+  Crossers ks = CrossersOfB(k, nullptr);
+  return CrossAll(ks.elems, ks.elems, std::move(ks.leaves), ref);
 }
 
 // The elements of a contour numbered in chain order from its first, with
 // an index over the boxes of those that take part in crossings.
 class NumberedChain {
  public:
-  explicit NumberedChain(LI_TAB_STRUCT *k) : NumberedChain(Number(k)) {}
+  explicit NumberedChain(LI_TAB_STRUCT *k) {
+    BoxIndex::Leaves leaves;
+    LI_TAB_STRUCT *e = k;
+    do {
+      if (e->type != LI_MOVE) {
+        crossing_.push_back(static_cast<uint32_t>(all_.size()));
+        leaves.push_back(BoxIndex::Leaf(e->box));
+      }
+      all_.push_back(e);
+      e = e->next;
+    } while (e != k);
+    index_.emplace(std::move(leaves));
+  }
 
   uint32_t size() const { return static_cast<uint32_t>(all_.size()); }
   LI_TAB_STRUCT *at(uint32_t i) const { return all_[i]; }
+  const Elements &all() const { return all_; }
 
   // The numbers of the elements whose boxes may meet box, ascending: a
   // superset of those that pass the crossing box test.
   void Candidates(const GE_BOX &box, BlockVector<uint32_t> &out) const {
     out.clear();
-    index_.Query(box, out);
+    index_->Query(box, out);
     for (uint32_t &i : out) i = crossing_[i];
-    std::sort(out.begin(), out.end());
+    if (!index_->Ordered()) std::sort(out.begin(), out.end());
   }
 
  private:
-  explicit NumberedChain(Numbering n)
-      : all_(std::move(n.all)), crossing_(std::move(n.crossing)), index_(n.boxes) {}
-
-  BlockVector<LI_TAB_STRUCT *> all_;
+  Elements all_;
   BlockVector<uint32_t> crossing_;
-  BoxIndex index_;
+  std::optional<BoxIndex> index_;
 };
-
-// Crosses a with the elements of b numbered in numbers, in that order.
-uint16_t CrossWith(LI_TAB_STRUCT *a, const NumberedChain &b, const BlockVector<uint32_t> &numbers,
-                   int16_t first, CrossListRef ref, double tol) {
-  const GE_BOX box = WidenedBox(a->box, tol);
-  ElementRun run;
-  for (const uint32_t i : numbers) {
-    LI_TAB_STRUCT *eb = b.at(i);
-    if (eb->type == LI_MOVE || !CrossBoxesOverlap(box, eb->box)) continue;
-    if (const uint16_t st = CrossPair(ref, first, a, eb, run); st != PA_OK) return st;
-  }
-  return PA_OK;
-}
-
-uint16_t CrossAll(LI_TAB_STRUCT *a, const NumberedChain &b, CrossListRef ref) {
-  const double tol = Tol();
-  BlockVector<uint32_t> candidates;
-  LI_TAB_STRUCT *ea = a;
-  do {
-    if (ea->type != LI_MOVE) {
-      const int16_t first = static_cast<int16_t>(ref.last + 1);
-      b.Candidates(WidenedBox(ea->box, tol), candidates);
-      if (const uint16_t st = CrossWith(ea, b, candidates, first, ref, tol); st != PA_OK) return st;
-    }
-    ea = ea->next;
-  } while (ea != a);
-  return PA_OK;
-}
 
 // The neighbourhoods of a self list with width n: element i is crossed with
 // the run of elements that starts up to n joined steps before it and holds
@@ -174,12 +290,16 @@ uint16_t CrossNeighbours(const NumberedChain &chain, uint32_t n, CrossListRef re
   for (uint32_t i = 0; i < chain.size(); ++i) {
     LI_TAB_STRUCT *a = chain.at(i);
     if (a->type == LI_MOVE) continue;
+    const GE_BOX box = WidenedBox(a->box, tol);
     const uint32_t start = hoods.Start(i);
-    NeighbourSteps(chain, WidenedBox(a->box, tol), start, hoods.Length(start), candidates, steps);
+    NeighbourSteps(chain, box, start, hoods.Length(start), candidates, steps);
     numbers.clear();
-    for (const uint32_t s : steps) numbers.push_back((start + s) % chain.size());
-    const int16_t first = static_cast<int16_t>(ref.last + 1);
-    if (const uint16_t st = CrossWith(a, chain, numbers, first, ref, tol); st != PA_OK) return st;
+    for (const uint32_t s : steps) {
+      const uint32_t j = (start + s) % chain.size();
+      LI_TAB_STRUCT *b = chain.at(j);
+      if (b->type != LI_MOVE && CrossBoxesOverlap(box, b->box)) numbers.push_back(j);
+    }
+    if (const uint16_t st = CrossWith(a, chain.all(), numbers, ref); st != PA_OK) return st;
   }
   return PA_OK;
 }
@@ -208,7 +328,7 @@ extern "C" uint16_t FlCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **l
   const CrossListRef ref{*list, capacity, *last};
   const bool self = b == nullptr || b == a;
   try {
-    const uint16_t st = CrossAll(a, NumberedChain(self ? a : b), ref);
+    const uint16_t st = self ? CrossSelf(a, ref) : CrossTwo(a, b, ref);
     // Self-crossing lists keep both finds of the closing joint.
     if (st == PA_OK && !self) TrimClosingJoint(*list, *last, a->ap, Tol());
     return st;
@@ -224,8 +344,8 @@ extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t
   uint16_t capacity = 0;
   const CrossListRef ref{*list, capacity, *last};
   try {
-    const NumberedChain chain(k);
-    return n > 0 ? CrossNeighbours(chain, static_cast<uint32_t>(n), ref) : CrossAll(k, chain, ref);
+    if (n == 0) return CrossSelf(k, ref);
+    return CrossNeighbours(NumberedChain(k), static_cast<uint32_t>(n), ref);
   } catch (const std::bad_alloc &) {
     return PA_NO_MEMORY;
   }

@@ -96,6 +96,15 @@ constexpr double CoveredSweep(const LI_TAB_STRUCT &arc, double tol) {
   return IsFullCircle(arc, tol) ? kTwoPi : TravelSweep(arc);
 }
 
+// How far an element strays from the chord between its ends: 0 for a
+// line, |rad| (1 - cos(sweep / 2)) for an arc, by its travel sweep (so a
+// full circle, whose travel sweep is 0, counts as flat: callers rule it
+// out by its ends).
+inline double Sagitta(const LI_TAB_STRUCT &e) {
+  if (IsLine(e)) return 0.0;
+  return std::fabs(e.rad) * (1.0 - std::cos(TravelSweep(e) / 2.0));
+}
+
 // The turning sense of the travel p1 -> p2 -> p3 from its turn
 // (p2 - p1) x (p3 - p1): counter-clockwise (4) when positive, else
 // clockwise (3), collinear included.

@@ -19,37 +19,47 @@ class WindingTree {
   enum class Answer { kInside, kOutside, kNear };
 
   // Builds the tree over the closed contour k (two elements or more) with
-  // the tolerance tol. Throws std::bad_alloc.
+  // the tolerance tol, in one walk of the chain. Throws std::bad_alloc.
   WindingTree(const LI_TAB_STRUCT *k, double tol);
 
   // kInside or kOutside as the point-in-contour walk decides them, or
-  // kNear when p lies within the clearance of an element.
+  // kNear when p lies within the clearance of an element (and for every
+  // point when a coordinate of the contour is not finite).
   Answer Locate(GE_POINT p) const;
 
  private:
-  // Elements per leaf of the tree.
-  static constexpr uint32_t kBucket = 8;
+  static constexpr uint32_t kBucket = 8;  // elements per leaf
+  static constexpr uint32_t kFan = 8;     // children per inner node
 
-  struct Node {
-    GE_BOX box;     // the reach of every element below, clearance included
-    int32_t first;  // first and last counted element below, -1 when none
-    int32_t last;
+  // Single precision, rounded to the nearest: a point in a box stays in
+  // it once both are rounded.
+  struct Box {
+    float xmin, ymin, xmax, ymax;
   };
 
-  void BuildLeaves(const LI_TAB_STRUCT *k);
-  void BuildNodes();
-  GE_BOX Reach(uint32_t i) const;
-  bool NearLeaf(uint32_t i, GE_POINT p) const;
-  double LeafTurn(uint32_t i, GE_POINT p) const;
-  double ChainTurn(const Node &n, GE_POINT p) const;
+  // Where the walk stands as it comes to the first element of a leaf: the
+  // start of its next chord, and the length of chain since that point.
+  struct Start {
+    GE_POINT from;
+    double slack;
+  };
+
+  static Box Rounded(const GE_BOX &b);
+  void AddElement(const LI_TAB_STRUCT &e, Start &at, double gap, GE_BOX &leaf);
+  void BuildLevels();
+  bool LeafWinding(uint32_t leaf, GE_POINT p, int &winding) const;
 
   double tol_;
-  uint32_t size_ = 1;  // leaves of kBucket elements, a power of two
+  bool finite_ = true;
   BlockVector<const LI_TAB_STRUCT *> elems_;
-  BlockVector<GE_POINT> from_;    // where the walk's chord to each element starts
-  BlockVector<double> reach_;     // the clearance of each element
-  BlockVector<uint8_t> counted_;  // 1 when the walk does not skip the element
-  BlockVector<Node> nodes_;       // 1-based heap order, leaf of element i at size_ + i / kBucket
+  // One per leaf, and one more: where the walk ends.
+  BlockVector<Start> starts_;
+  // The boxes of all levels, leaves first; node j of a level covers nodes
+  // kFan j .. kFan j + kFan - 1 of the level below. Level l starts at
+  // level_begin_[l]; the last entry is one past the root.
+  BlockVector<Box> boxes_;
+  BlockVector<uint32_t> level_begin_;
+  BlockVector<uint32_t> level_span_;  // leaves under one node of level l
   mutable BlockVector<uint32_t> stack_;
 };
 

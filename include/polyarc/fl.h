@@ -155,7 +155,12 @@ POLYARC_EXTERN void FlFreeList(LI_HEAD *head, LI_TAB_STRUCT ***list, int16_t las
  * b_out. A half of B whose tangent runs within 60 degrees of a half of A
  * (dot product beyond +-0.5) takes its side from GeTanSide when the two
  * touch, side 0 meaning that it runs along A (a failed GeTanSide tells
- * nothing); a side still unknown is read from the clockwise order of the
+ * nothing). Two such halves also run along each other when they lead to
+ * one point more than tol from pt (per axis) and their sagittas add up to
+ * less than tol: after the joints are snapped onto two crossings a few
+ * tol apart, the tangents of such pieces still come from their old
+ * carriers and would make one passage a crossing and a touch. A side
+ * still unknown is read from the clockwise order of the
  * directions about pt starting at -a_in, a direction within 5e-9 of -a_in
  * counting as -a_in itself. Where A folds back (a_out . a_in < -0.5) and
  * GeTanSide gives its fold a side s, both halves of B count as lying on
@@ -339,7 +344,9 @@ POLYARC_EXTERN uint16_t FlCleanKont(LI_HEAD *head, LI_TAB_STRUCT **k, int16_t si
  *    the store or the memory ran out (or a crossing point was lost);
  *    PA_LIST_FULL: more than FL_CROSS_MAX crossings; other codes come
  *    from LiRemShort or the element recomputations. PA_INVALID for a null
- *    argument or an empty contour.
+ *    argument or an empty contour, and (*no_cross 1) for a contour that
+ *    is not closed, or whose copy no longer closes once its short
+ *    elements are gone (all of it shorter than short_len).
  * 2. *no_cross 0: the region is the loops 0..*last of *loops, a contour
  *    list the caller frees with FlFreeList. A union gives its outer loop
  *    (counter-clockwise) at index 0, then its holes (clockwise); an

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <iterator>
 #include <numbers>
 
 #include "support/boolean_support.h"
@@ -90,6 +91,33 @@ const Shape kThinWedge = [](LI_HEAD *h) {
   return Polygon(h, {{2 + kPoke, 1}, {-1, 1 + kHalfBase}, {-1, 1 - kHalfBase}});
 };
 
+// An arc of the unit circle about (0.01, 0) that crosses the unit circle
+// about the origin at 0.3 degrees and ends 8e-5 further on, 8e-7 inside
+// it, where a line turns back out: a dip narrower than the tolerance whose
+// two crossings must pair up. The curves run within tol of each other
+// for 0.01, so the areas hold to about that times tol.
+const double kDipFrom = kPi / 2 - 0.3, kDipTo = std::acos(-0.005) + 8e-5;
+const GE_POINT kDipStart{0.01 + std::cos(kDipFrom), std::sin(kDipFrom)};
+const GE_POINT kDipEnd{0.01 + std::cos(kDipTo), std::sin(kDipTo)};
+double Shoelace(std::initializer_list<GE_POINT> ring) {
+  double twice = 0;
+  const GE_POINT *prev = std::prev(ring.end());
+  for (const GE_POINT &p : ring) twice += prev->x * p.y - p.x * prev->y, prev = &p;
+  return twice / 2;
+}
+const double kDipSweep = kDipTo - kDipFrom;  // the arc bulges into the shape
+const double kDip = std::fabs(Shoelace({kDipStart, kDipEnd, {-0.2, 1.5}, {0.3, 1.5}})) -
+                    (kDipSweep - std::sin(kDipSweep)) / 2;
+const Shape kDipper = [](LI_HEAD *h) {
+  LI_TAB_STRUCT *k = Polyline(h, {{0.3, 1.5}, kDipStart});
+  const GE_POINT centre{0.01, 0};
+  EXPECT_EQ(LiArc(h, &k, &kDipEnd, &centre, 0), PA_OK);
+  for (const GE_POINT p : {GE_POINT{-0.2, 1.5}, GE_POINT{0.3, 1.5}}) {
+    EXPECT_EQ(LiDraw(h, &k, &p), PA_OK);
+  }
+  return k;
+};
+
 const Case kCases[] = {
     {"squares offset by half", R(0, 0, 1, 1), R(0.5, 0.5, 1.5, 1.5), 1, 1, 1.75, 0.25, 0.75},
     {"unit circles 1 apart", C(0, 0, 1), C(1, 0, 1), kPi, kPi, 2 * kPi - kLens, kLens, kPi - kLens},
@@ -120,6 +148,8 @@ const Case kCases[] = {
     // than the tolerance and may go.
     {"a thin wedge's tip across an edge", kThinWedge, R(0, 0, 2, 2), kWedge, 4,
      kWedge + 4 - kWedgeIn, kWedgeIn, kWedge - kWedgeIn, PA_OK, kPoke * kTol},
+    {"a corner dipping into a circle", kDipper, C(0, 0, 1), kDip, kPi,
+     kDip + kPi, 0, kDip, PA_IMPOSSIBLE, 1e-6},
 };
 
 double Expected(const Case &c, Op op) {
@@ -182,6 +212,16 @@ TEST(Boolean, TheResultListAndTheContainmentValue) {
     Outcome r(store.get(), op, a, same);
     EXPECT_TRUE(r.status() == PA_OK && r.no_cross() == 1 && r.contain() == 1) << OpName(op);
   }
+  // A half disc of radius 1e-3 on a's edge is gone at a short length of
+  // 0.01, its line first and then, as the last one left, not its arc: what
+  // remains does not close, so it is no region.
+  LI_TAB_STRUCT *crumb = Polyline(store.get(), {{0.999, 0.5}, {1.001, 0.5}});
+  const GE_POINT crumb_start{0.999, 0.5}, crumb_centre{1, 0.5};
+  EXPECT_EQ(LiArc(store.get(), &crumb, &crumb_start, &crumb_centre, 0), PA_OK);
+  for (Op op : kOps) {
+    Outcome r(store.get(), op, a, crumb, 0.01);
+    EXPECT_TRUE(r.status() == PA_INVALID && r.no_cross() == 1 && r.list() == nullptr);
+  }
   LI_TAB_STRUCT **list = nullptr;
   int16_t last = 0, contain = 0;
   uint32_t no_cross = 0;
@@ -189,7 +229,7 @@ TEST(Boolean, TheResultListAndTheContainmentValue) {
             PA_INVALID);
   EXPECT_TRUE(list == nullptr && last == FL_EMPTY);
   EXPECT_EQ(FlUnionKont(store.get(), a, a, 0, 1, nullptr, nullptr, nullptr, nullptr), PA_INVALID);
-  EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, same}));
+  EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, same, crumb}));
 }
 
 TEST(BewDiffMaxKont, TheLargestLoopOrNothing) {

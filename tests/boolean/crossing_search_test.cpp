@@ -1,6 +1,7 @@
 // The indexed crossing-list builders against the literal all-pairs loop on
 // random seeded contours: the same status and the same entries in the same
 // order, field for field.
+#include <cmath>
 #include <cstring>
 
 #include "support/crossing_support.h"
@@ -81,6 +82,61 @@ TEST(CrossSearch, SelfListsMatchTheAllPairsLoop) {
   }
 }
 
+// Far from the origin the index's single-precision boxes are coarser than
+// the tolerance, and a box that is not finite must reach every query.
+TEST(CrossSearch, FarFromTheOriginAndWithBoxesThatAreNotFinite) {
+  const double poison[] = {NAN, INFINITY, -INFINITY};
+  for (unsigned seed = 0; seed < 40; ++seed) {
+    Shapes s(2000 + seed);
+    Store store;
+    const GE_POINT far{1e7 + 0.125, -3e6};
+    const int n = s.Int(20, 120);
+    LI_TAB_STRUCT *a = Chain(store.get(), s.Edges(s.Star(n, far, 0.5, 1.5, false), 0.3, 0, 0));
+    LI_TAB_STRUCT *b = Chain(store.get(), s.Edges(s.Star(n, far, 0.5, 1.5, false), 0.3, 0, 0));
+    EXPECT_TRUE(SameAsAllPairs(a, b)) << "seed " << seed;
+    // Every third seed spoils one coordinate of a box of A or of B.
+    if (seed % 3 != 0) continue;
+    LI_TAB_STRUCT *spoilt = seed % 2 ? a : b;
+    GE_BOX &box = spoilt->next->next->box;
+    double *coordinate[] = {&box.xmin, &box.ymin, &box.xmax, &box.ymax};
+    *coordinate[seed % 4] = poison[(seed / 3) % 3];
+    EXPECT_TRUE(SameAsAllPairs(a, b)) << "seed " << seed;
+    EXPECT_TRUE(SameAsAllPairs(b, a)) << "seed " << seed;
+    EXPECT_TRUE(SameAsAllPairs(spoilt, int16_t{0})) << "seed " << seed;
+  }
+}
+
+// A line in 16 pieces across a comb of 100 teeth: a run of pieces sees
+// more teeth than a run shares, so each piece asks the index alone. The
+// line crosses every tooth once, at y = 0.5.
+TEST(CrossSearch, CrowdedRunsMatchTheAllPairsLoop) {
+  Store store;
+  std::vector<LI_TAB_STRUCT> line, comb;
+  for (int i = 0; i < 16; ++i) line.push_back(Line({i + 0.0, 0.5}, {i + 1.0, 0.5}));
+  line.push_back(Line({16, 0.5}, {16, 2}));
+  line.push_back(Line({16, 2}, {0, 2}));
+  line.push_back(Line({0, 2}, {0, 0.5}));
+  // Teeth at x = 0.05 + 0.16 k, up and down by turns, joined along y = 0 and
+  // y = 1, closed below y = 0.
+  for (int k = 0; k < 100; ++k) {
+    const double x = 0.05 + 0.16 * k, y0 = k % 2 ? 1 : 0;
+    comb.push_back(Line({x, y0}, {x, 1 - y0}));
+    comb.push_back(Line({x, 1 - y0}, {x + 0.16, 1 - y0}));
+  }
+  comb.back() = Line(comb.back().ap, {16.05, -1});
+  comb.push_back(Line({16.05, -1}, {0.05, -1}));
+  comb.push_back(Line({0.05, -1}, {0.05, 0}));
+  LI_TAB_STRUCT *a = Chain(store.get(), line);
+  LI_TAB_STRUCT *b = Chain(store.get(), comb);
+  CrossList c;
+  ASSERT_EQ(FlCrossList(a, b, &c.list, &c.last), PA_OK);
+  int teeth = 0;
+  for (int i = 0; i < c.size(); ++i) teeth += c[i].pt.y == 0.5 ? 1 : 0;
+  EXPECT_EQ(teeth, 100);
+  EXPECT_TRUE(SameAsAllPairs(a, b));
+  EXPECT_TRUE(SameAsAllPairs(b, a));
+}
+
 // Whether every entry of part appears in whole, in the same order.
 bool Subsequence(const CrossList &part, const CrossList &whole) {
   int j = 0;
@@ -95,15 +151,22 @@ TEST(CrossSearch, AllocationFailuresKeepTheEntriesMadeAndFreeTheIndex) {
   Shapes s(77);
   Store store;
   LI_TAB_STRUCT *k = Chain(store.get(), s.Edges(s.Star(40, {0, 0}, 0.2, 2, true), 0.3, 0, 0));
-  for (const int16_t n : {int16_t{0}, int16_t{40}}) {
+  LI_TAB_STRUCT *other = Chain(store.get(), s.Edges(s.Star(40, {0.5, 0}, 0.2, 2, false), 0.3, 0, 0));
+  // A self list of all pairs and of neighbourhoods, and a list of two
+  // contours (n = -1).
+  for (const int16_t n : {int16_t{0}, int16_t{40}, int16_t{-1}}) {
+    const auto build = [&](CrossList &c) {
+      return n < 0 ? FlCrossList(k, other, &c.list, &c.last)
+                   : FlCrossListSingle(k, &c.list, &c.last, n);
+    };
     CrossList whole;
-    ASSERT_EQ(FlCrossListSingle(k, &whole.list, &whole.last, n), PA_OK);
-    ASSERT_GT(whole.size(), 40);
+    ASSERT_EQ(build(whole), PA_OK);
+    ASSERT_GT(whole.size(), 20);
     const unsigned long blocks = MemTestLiveBlocks();
     const unsigned long failing = ForEachAllocationFailure([&](InjectedFailure &failure) {
       CrossList part;
       failure.Arm();
-      const uint16_t st = FlCrossListSingle(k, &part.list, &part.last, n);
+      const uint16_t st = build(part);
       failure.Disarm();
       EXPECT_EQ(st, failure.Fired() ? PA_NO_MEMORY : PA_OK);
       EXPECT_TRUE(Subsequence(part, whole)) << "failure " << failure.n();

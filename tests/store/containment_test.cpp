@@ -183,6 +183,27 @@ TEST(Containment, AGapWidensWhatCountsAsNear) {
   EXPECT_EQ(LiKontInKont(OnePoint(store.get(), p), k), 1);
 }
 
+TEST(Containment, ASkippedEndLeavesAGapToCloseTheChords) {
+  // The square's left edge stops at (0, 35/64) and 40 lines of 7/8 tol
+  // run on down to the start (0, 0); the walk skips them all. Seen from
+  // (-5, 0.25) the chords end above the start: the contour tests must close
+  // them, or that point would count as inside.
+  ToleranceScope tol(1.0 / 64);
+  Store store;
+  std::vector<LI_TAB_STRUCT> e{Line({0, 0}, {10, 0}), Line({10, 0}, {10, 10}),
+                               Line({10, 10}, {0, 10}), Line({0, 10}, {0, 35.0 / 64})};
+  for (int i = 40; i > 0; --i) e.push_back(Line({0, i * 7.0 / 512}, {0, (i - 1) * 7.0 / 512}));
+  LI_TAB_STRUCT *k = Chain(store.get(), e);
+  const struct {
+    GE_POINT p;
+    uint16_t want;
+  } rows[] = {{{-5, 0.25}, kOut}, {{5, 0.25}, kIn}, {{-5, 5}, kOut}, {{15, 0.25}, kOut}};
+  for (const auto &row : rows) {
+    EXPECT_EQ(Where(k, row.p), row.want) << row.p;
+    EXPECT_EQ(LiKontInKont(OnePoint(store.get(), row.p), k), row.want == kIn ? 1 : 0) << row.p;
+  }
+}
+
 TEST(Containment, WithoutMemoryTheContourTestsStillAnswer) {
   Store store;
   Shapes s(9);
