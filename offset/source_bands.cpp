@@ -163,10 +163,9 @@ GE_BOX Widened(const GE_BOX &b, double by) {
 }
 
 // Fills the bands of the drawn elements of k (moves count for nothing)
-// and returns their boxes, for the index.
-const BlockVector<GE_BOX> &Collect(const LI_TAB_STRUCT *k, double tol, BlockVector<Band> &bands,
-                                   BlockVector<GE_BOX> &boxes,
-                                   BlockVector<const LI_TAB_STRUCT *> &elements) {
+// and returns the index's leaves for their boxes.
+BoxIndex::Leaves Collect(const LI_TAB_STRUCT *k, double tol, BlockVector<Band> &bands,
+                         BlockVector<GE_BOX> &boxes, BlockVector<const LI_TAB_STRUCT *> &elements) {
   const LI_TAB_STRUCT *e = k;
   do {
     if (e->type != LI_MOVE) {
@@ -175,7 +174,10 @@ const BlockVector<GE_BOX> &Collect(const LI_TAB_STRUCT *k, double tol, BlockVect
     }
     e = e->next;
   } while (e != k);
-  return boxes;
+  BoxIndex::Leaves leaves;
+  leaves.reserve(boxes.size());
+  for (const GE_BOX &box : boxes) leaves.push_back(BoxIndex::Leaf(box));
+  return leaves;
 }
 
 }  // namespace
