@@ -237,13 +237,11 @@ bool SourceBands::Covered(const LI_TAB_STRUCT &e, double reach) const {
   return true;
 }
 
-bool SourceBands::NearBand(GE_POINT p, double reach) const {
-  for (const uint32_t band : found_) {
-    const double r = reach - bands_[band].slack;
-    if (r > 0.0 && BoxGap2({p.x, p.y, p.x, p.y}, boxes_[band]) < r * r &&
-        SegmentDistance2(p, bands_[band].a, bands_[band].b) < r * r) {
-      return true;
-    }
+bool SourceBands::NearBand(GE_POINT p) const {
+  for (const Reach &x : reaches_) {
+    const GE_POINT w = p - x.a;
+    const double t = std::clamp(Dot(w, x.ab) * x.inverse_length2, 0.0, 1.0);
+    if (Norm2(w - t * x.ab) < x.r2) return true;
   }
   return false;
 }
@@ -263,8 +261,8 @@ bool SourceBands::Buries(const LI_TAB_STRUCT &e, double reach, bool start_far,
       if (Holds(hint_, h.at.data(), h.n, reach)) return true;
     }
   }
-  *end_near = NearBand(e.ep, reach);
-  if (start_far || !*end_near || !NearBand(e.ap, reach)) return false;
+  *end_near = NearBand(e.ep);
+  if (start_far || !*end_near || !NearBand(e.ap)) return false;
   const HullPoints h = HullOf(e, tol_);
   const GE_BOX box = Widened(e.box, reach);
   near_.clear();
@@ -283,10 +281,10 @@ void SourceBands::Bury(const BlockVector<LI_TAB_STRUCT *> &elements, double reac
                        BlockVector<uint8_t> &buried) const {
   buried.assign(elements.size(), 0);
   bool end_near = true;
-  // Neighbours share one query while their boxes stay within a share of
-  // the reach (a larger batch finds more bands that each element skips).
+  // Up to kBatch neighbours share one query while their boxes stay within
+  // the reach of each other (a larger batch finds more bands that each
+  // element tries in vain).
   constexpr size_t kBatch = 16;
-  constexpr double kBatchShare = 0.5;
   for (size_t i = 0; i < elements.size();) {
     GE_BOX box = elements[i]->box;
     size_t end = i + 1;
@@ -294,10 +292,7 @@ void SourceBands::Bury(const BlockVector<LI_TAB_STRUCT *> &elements, double reac
       const GE_BOX &next = elements[end]->box;
       const GE_BOX grown{std::min(box.xmin, next.xmin), std::min(box.ymin, next.ymin),
                          std::max(box.xmax, next.xmax), std::max(box.ymax, next.ymax)};
-      if (grown.xmax - grown.xmin > kBatchShare * reach ||
-          grown.ymax - grown.ymin > kBatchShare * reach) {
-        break;
-      }
+      if (grown.xmax - grown.xmin > reach || grown.ymax - grown.ymin > reach) break;
       box = grown;
     }
     found_.clear();
@@ -308,6 +303,15 @@ void SourceBands::Bury(const BlockVector<LI_TAB_STRUCT *> &elements, double reac
         std::remove_if(found_.begin(), found_.end(),
                        [&](uint32_t band) { return BoxGap2(boxes_[band], box) >= reach * reach; }),
         found_.end());
+    // Their chords in one compact array: every element's ends are tried
+    // against all of them.
+    reaches_.clear();
+    for (const uint32_t band : found_) {
+      const Band &b = bands_[band];
+      const double r = reach - b.slack;
+      const double length2 = b.length * b.length;
+      if (r > 0.0) reaches_.push_back({b.a, b.b - b.a, length2 > 0.0 ? 1.0 / length2 : 0.0, r * r});
+    }
     for (; i < end; ++i) {
       const bool joined = i > 0 && elements[i]->ap == elements[i - 1]->ep;
       buried[i] = Buries(*elements[i], reach, joined && !end_near, &end_near) ? 1 : 0;

@@ -52,7 +52,7 @@ class SourceBands {
 
  private:
   bool Buries(const LI_TAB_STRUCT &e, double reach, bool start_far, bool *end_near) const;
-  bool NearBand(GE_POINT p, double reach) const;
+  bool NearBand(GE_POINT p) const;
   bool Holds(uint32_t band, const GE_POINT *hull, int n, double reach) const;
   bool Covered(const LI_TAB_STRUCT &e, double reach) const;
   bool ChordCovered(GE_POINT p, GE_POINT q, double reach) const;
@@ -62,10 +62,21 @@ class SourceBands {
   BlockVector<GE_BOX> boxes_;
   BlockVector<const LI_TAB_STRUCT *> elements_;
   BoxIndex index_;
-  // Scratch of the queries (the bands near a batch of elements, near one
-  // element, their spans on a chord), and the band that held the last
-  // element buried (its neighbour is likely held by it too).
+  // A band's chord a + t ab (t in [0, 1]) and its reach less its slack,
+  // squared.
+  struct Reach {
+    GE_POINT a;
+    GE_POINT ab;
+    double inverse_length2;
+    double r2;
+  };
+
+  // Scratch of the queries (the bands near a batch of elements and their
+  // reaches, the bands near one element, their spans on a chord), and the
+  // band that held the last element buried (its neighbour is likely held
+  // by it too).
   mutable BlockVector<uint32_t> found_;
+  mutable BlockVector<Reach> reaches_;
   mutable BlockVector<uint32_t> near_;
   mutable BlockVector<Span> spans_;
   mutable uint32_t hint_;
