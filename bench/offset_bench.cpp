@@ -9,13 +9,9 @@
 //   lobed+arcs  the smooth rim with every fourth edge a gentle arc
 //               (sagitta 0.003 x its chord, a radius of about 40, more
 //               than the distance), chorded at sagitta 1e-3 for the
-//               rivals. Arcs tighter than the distance turn round in the
-//               raw offset and leave loops of the contour's orientation
-//               that overlap the result, which only a distance test tells
-//               apart; the benchmark keeps to what the clean-up alone does.
+//               rivals.
 // polyarc's offset is what a caller runs for a whole closed contour:
-// FlParallel with round corners, then FlCleanKont keeping every loop of
-// the contour's orientation (outward: the outer loop).
+// FlParallelRegion with round corners.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -24,7 +20,6 @@
 #include <vector>
 
 #include "polyarc/fl.h"
-#include "polyarc/ge.h"
 #include "polyarc/li.h"
 #include "rival_runs.h"
 #include "rivals.h"
@@ -53,44 +48,16 @@ const Input &CachedInput(const std::string &shape, int n) {
   return cache.emplace(key, std::move(in)).first->second;
 }
 
-// An arc whose ends coincide in a contour of several elements is what the
-// offset leaves of a tiny arc; as a full circle it would cross everything.
-void RemoveCollapsedArcs(LI_HEAD *head, LI_TAB_STRUCT **k) {
-  const double tol = GeEpsiGetTol();
-  const uint32_t n = LiCountElem(*k);
-  LI_TAB_STRUCT *e = *k;
-  for (uint32_t i = 0; i < n && (*k)->next != *k; ++i) {
-    LI_TAB_STRUCT *next = e->next;
-    const bool arc = e->type == 3 || e->type == 4;
-    if (arc && std::abs(e->ap.x - e->ep.x) < tol && std::abs(e->ap.y - e->ep.y) < tol)
-      LiDel(head, k, e);
-    e = next;
-  }
-}
-
-// The offset of the counter-clockwise contour k by d into loops (the
-// caller gives them back). Returns the first failing status.
+// The offset of the counter-clockwise contour k by d (outward when d > 0)
+// into loops (the caller gives them back). Returns the library's status.
 uint16_t Offset(LI_HEAD *head, const LI_TAB_STRUCT *k, double d,
                 std::vector<LI_TAB_STRUCT *> &loops) {
-  const bool outward = d > 0;
-  uint16_t counter = 0;
-  LI_TAB_STRUCT *raw = nullptr, *outer = nullptr, **list = nullptr;
-  const uint16_t side = outward ? 65535 : 1;  // outward is right of a ccw contour
-  uint16_t status = FlParallel(head, k, side, std::abs(d), &raw, 1, FL_CORNER_ROUND, &counter, 0);
-  if (status != 0) return status;
-  RemoveCollapsedArcs(head, &raw);
+  const uint16_t side = d > 0 ? 65535 : 1;  // outward is right of a ccw contour
+  LI_TAB_STRUCT **list = nullptr;
   int16_t last = FL_EMPTY;
-  uint32_t no_cross = 1;
-  status = FlCleanKont(head, &raw, 1, outward ? 1 : 2, &outer, &list, &last, &no_cross, 0, 0);
-  if (status == 0 && no_cross) {
-    if (LiKontArea(raw) > 0) loops.push_back(raw), raw = nullptr;
-  } else if (status == 0 && outward) {
-    loops.push_back(outer), outer = nullptr;
-  } else if (status == 0) {
-    for (int16_t i = 0; i <= last; ++i) loops.push_back(list[i]), list[i] = nullptr;
-  }
-  LiRemove(head, &raw);
-  LiRemove(head, &outer);
+  const uint16_t status =
+      FlParallelRegion(head, k, side, std::abs(d), FL_CORNER_ROUND, nullptr, &list, &last, nullptr);
+  for (int16_t i = 0; i <= last; ++i) loops.push_back(list[i]), list[i] = nullptr;
   FlFreeList(head, &list, last);
   return status;
 }

@@ -120,20 +120,6 @@ NearestPoint::Found NearestPoint::Find(GE_POINT p) const {
   }
 }
 
-bool RunsAlong(const NearestPoint &nearest, const LI_TAB_STRUCT *loop, double d) {
-  const double least = d - 10 * GeEpsiGetTol();
-  std::size_t samples = 0, near = 0;
-  const LI_TAB_STRUCT *e = loop;
-  do {
-    for (int i = 0; e->type != LI_MOVE && i <= kCheckSteps; ++i, ++samples) {
-      if (nearest.Find(PointAlong(e, static_cast<double>(i) / kCheckSteps)).distance < least) {
-        ++near;
-      }
-    }
-  } while ((e = e->next) != loop);
-  return 2 * near <= samples;
-}
-
 Deviation MeasureDeviation(const LI_TAB_STRUCT *source, const ContourList &loops, double d) {
   const NearestPoint nearest(source);
   std::vector<const LI_TAB_STRUCT *> by_number;

@@ -61,13 +61,6 @@ struct Deviation {
 // connectors carry higher numbers.
 Deviation MeasureDeviation(const LI_TAB_STRUCT *source, const ContourList &loops, double d);
 
-// The loop runs along the offset at d from the contour of nearest, not
-// inside it: no more than half of its samples lie nearer than d less ten
-// times the tolerance (the clean-up moves the ends at crossings by up to
-// that). A loop that an offset turned inside out lies nearer nearly all
-// along, while a flaw of the offset at a corner is local.
-bool RunsAlong(const NearestPoint &nearest, const LI_TAB_STRUCT *loop, double d);
-
 // The point at fraction u of the way along a line or an arc (also a full
 // circle, and an arc whose radius went negative).
 GE_POINT PointAlong(const LI_TAB_STRUCT *e, double u);

@@ -1,7 +1,8 @@
-// polyarc offset: the parallel offset of one contour, with every loop of
-// the wanted orientation, and a check of its distance.
+// polyarc offset: the parallel offset of one contour (of the region a
+// closed one bounds), and a check of its distance.
 #include <cmath>
 #include <ostream>
+#include <utility>
 
 #include "cli.h"
 #include "commands.h"
@@ -62,32 +63,36 @@ std::optional<Request> ParseRequest(const Options &options, std::string &usage) 
   return request;
 }
 
-// The result as the library gives it: the raw offset with FlParallel and
-// the loops kept of it, or with --no-clean what FlParallClean leaves
-// without its clean-up.
+// The result as the library gives it: for a closed contour the offset of
+// the region it bounds (FlParallelRegion), for an open one, or with
+// --no-clean, what FlParallClean leaves.
 uint16_t Offset(LI_TAB_STRUCT *source, const OffsetWay &way, double d, uint16_t mode, bool clean,
-                ContourList &loops, int &dropped) {
+                ContourList &loops, uint32_t &dropped) {
   LI_HEAD *store = loops.store();
   const uint16_t side = static_cast<uint16_t>(way.side);
   // The offsets keep their elements' numbers and the connectors take the
   // next ones, which the check reads.
   uint16_t counter = 0;
   LiNumKont(source, &counter);
-  LI_TAB_STRUCT *raw = nullptr;
-  uint16_t status = PA_OK;
   if (!clean || !way.closed) {
-    // An open contour: the library's own choice of what is kept.
-    status = FlParallClean(store, source, side, d, &raw, mode, clean ? 0 : FL_NO_CLEANUP, 0, 1,
-                           &counter, 0);
+    LI_TAB_STRUCT *raw = nullptr;
+    const uint16_t status = FlParallClean(store, source, side, d, &raw, mode,
+                                          clean ? 0 : FL_NO_CLEANUP, 0, 1, &counter, 0);
     if (status == PA_OK && raw != nullptr) loops.Add(raw);
     return status;
   }
-  status = FlParallel(store, source, side, d, &raw, 1, mode, &counter, 0);
-  if (status != PA_OK) return status;
-  const NearestPoint nearest(source);
-  return KeepLoops(
-      raw, way, loops, [&](const LI_TAB_STRUCT *loop) { return RunsAlong(nearest, loop, d); },
-      &dropped);
+  LI_TAB_STRUCT **list = nullptr;
+  int16_t last = FL_EMPTY;
+  const uint16_t status =
+      FlParallelRegion(store, source, side, d, mode, &counter, &list, &last, &dropped);
+  try {
+    for (int16_t i = 0; i <= last; ++i) loops.Add(std::exchange(list[i], nullptr));
+  } catch (...) {
+    FlFreeList(store, &list, last);
+    throw;
+  }
+  FlFreeList(store, &list, last);
+  return status;
 }
 
 void PrintCheck(const Deviation &deviation, double d, std::ostream &out) {
@@ -122,7 +127,7 @@ int RunOffset(const Options &options, std::ostream &out, std::ostream &err) {
                             WayText(way) + ", " + request->corner->text;
   report << title << '\n';
   ContourList loops(files.store());
-  int dropped = 0;
+  uint32_t dropped = 0;
   const uint16_t status =
       Offset(source, way, d, request->corner->mode, !options.Has("no-clean"), loops, dropped);
   report << "status: " << StatusText(status) << '\n';

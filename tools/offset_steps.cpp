@@ -84,8 +84,7 @@ std::string WayText(const OffsetWay &way) {
   return text;
 }
 
-uint16_t KeepLoops(LI_TAB_STRUCT *raw, const OffsetWay &way, ContourList &loops,
-                   const LoopTest &runs_along, int *dropped) {
+uint16_t KeepLoops(LI_TAB_STRUCT *raw, const OffsetWay &way, ContourList &loops) {
   LI_HEAD *store = loops.store();
   RemovePhantomArcs(store, &raw);
   const uint16_t mode = !way.closed ? kOpen : way.outward ? kOutward : kInward;
@@ -94,33 +93,15 @@ uint16_t KeepLoops(LI_TAB_STRUCT *raw, const OffsetWay &way, ContourList &loops,
   uint32_t no_cross = 1;
   const uint16_t status =
       FlCleanKont(store, &raw, way.sign, mode, &out, &list, &last, &no_cross, 0, 0);
-  int refused = 0;
   auto take = [&](LI_TAB_STRUCT *&loop) { loops.Add(std::exchange(loop, nullptr)); };
-  auto take_if_along = [&](LI_TAB_STRUCT *&loop) {
-    if (!runs_along || runs_along(loop)) {
-      take(loop);
-    } else {
-      ++refused;
-    }
-  };
   if (status == PA_OK && no_cross != 0) {
-    if (mode == kInward && Orientation(raw) == way.sign) {
-      take_if_along(raw);
-    } else if (!way.closed || Orientation(raw) == way.sign) {
-      take(raw);
-    }
+    if (!way.closed || Orientation(raw) == way.sign) take(raw);
   } else if (status == PA_OK) {
     // Outward and open: the loop handed back (the outward offset of a
-    // contour is one region), and for outward the list holds the loops of
-    // the other orientation. Inward: the list holds every wanted loop. The
-    // outer loop is kept untested: the check reports on it.
-    const bool outer = out != nullptr;
-    if (outer) take(out);
-    for (int16_t i = 0; i <= last; ++i) {
-      if (mode == kInward || (mode == kOutward && outer && runs_along)) take_if_along(list[i]);
-    }
+    // contour is one region). Inward: the list holds every wanted loop.
+    if (out != nullptr) take(out);
+    for (int16_t i = 0; mode == kInward && i <= last; ++i) take(list[i]);
   }
-  if (dropped != nullptr) *dropped = refused;
   LiRemove(store, &out);
   LiRemove(store, &raw);
   FlFreeList(store, &list, last);

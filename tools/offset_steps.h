@@ -1,9 +1,8 @@
 // What the offset commands share: the side an offset goes to, which way
-// that is for a closed contour, and the loops kept of its raw result.
+// that is for a closed contour, and the loops kept of a raw result.
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -49,30 +48,19 @@ int ReadSource(const char *command, const std::optional<SourceBlock> &source,
 // "to the left (outward)" and the like.
 std::string WayText(const OffsetWay &way);
 
-// Tells a loop that runs along the offset from one that the offset turned
-// inside out (an inward offset that passed an arc's centre, or the tail
-// that a deep offset of a concave corner leaves).
-using LoopTest = std::function<bool(const LI_TAB_STRUCT *loop)>;
-
 // Cuts the self-crossing loops off the raw offset raw (consumed) with the
 // library's loop clean-up (FlCleanKont on the whole contour, no removal of
 // short elements) and adds what is kept to loops:
-//  - inward from a closed source: every loop of the source's orientation
-//    (so both lobes of a dumbbell's inward offset), or the raw offset
-//    itself when nothing crosses and it kept that orientation (an offset
-//    deeper than the contour allows turns round, and leaves nothing);
-//    each only when runs_along accepts it;
-//  - outward: the outer loop (or the raw offset, as inward), then the
-//    loops of the other orientation that runs_along accepts: holes, as
-//    where the offset closes the mouth of a C;
+//  - inward from a closed source: every loop of the source's orientation,
+//    or the raw offset itself when nothing crosses and it kept that
+//    orientation (an offset deeper than the contour allows turns round,
+//    and leaves nothing);
+//  - outward: the outer loop (or the raw offset, as inward);
 //  - an open source: the loop that the clean-up's rule picks, or the raw
 //    offset when nothing crosses.
-// Without runs_along every loop passes, and an outward offset keeps no
-// hole. Arcs whose ends coincide in a result of several elements (tiny
-// arcs shrunk by the offset, which would read as whole circles) go first.
-// Returns the clean-up's status; on failure loops gets nothing. *dropped
-// (when given) counts the loops that runs_along refused.
-uint16_t KeepLoops(LI_TAB_STRUCT *raw, const OffsetWay &way, ContourList &loops,
-                   const LoopTest &runs_along = nullptr, int *dropped = nullptr);
+// Arcs whose ends coincide in a result of several elements (tiny arcs
+// shrunk by the offset, which would read as whole circles) go first.
+// Returns the clean-up's status; on failure loops gets nothing.
+uint16_t KeepLoops(LI_TAB_STRUCT *raw, const OffsetWay &way, ContourList &loops);
 
 }  // namespace polyarc_tool

@@ -709,6 +709,42 @@ POLYARC_EXTERN uint16_t FlParallClean(LI_HEAD *head, const LI_TAB_STRUCT *k, uin
                                       int32_t rem_short, int32_t examine, uint16_t *counter,
                                       uint16_t per_elem);
 
+/* The offset of the region that the closed contour k bounds, by d to side
+ * (as FlParallel: 1 left, 65535 right, a negative d to the other side),
+ * with corners joined in mode: the raw offset (FlParallel, closed, with
+ * counter), cut at its self-crossings (FlCleanKont on the whole contour,
+ * no short-element removal), and of its loops exactly those that lie at
+ * the distance |d| from k: the middle of a loop's longest drawn element
+ * lies no nearer than |d| - 10 tol to any drawn element of k (moves of k
+ * count for nothing). Outward (to the right of a counter-clockwise k, to
+ * the left of a clockwise one) the outer loop, of k's orientation, comes
+ * first, then the holes the offset closes off (the mouth of a C); inward
+ * every loop of k's orientation (both halves of a dumbbell offset past its
+ * waist). Loops that come nearer than |d| are left out: the tangles that a
+ * jagged rim leaves, and the turned-round offsets of arcs tighter than |d|.
+ * Before the clean-up, where the raw offset leaves the distance, runs
+ * through elements that lie wholly nearer than |d| - 100 tol to k, and
+ * comes back along an element that crosses the one it left by, that loop
+ * is cut off at the crossing, as the clean-up would cut it off: the loops
+ * kept stay the same, and a jagged rim, whose raw offset crosses itself a
+ * few times per vertex, no longer fills the crossing list. In the gap
+ * corner mode the loops keep the gaps the offset leaves.
+ * Side 0 or |d| <= tol gives a copy of k as the only loop. counter may be
+ * null. *list (set to null first) receives the loops 0..*last, a contour
+ * list the caller frees with FlFreeList. An offset that vanishes (inward
+ * deeper than the contour allows) gives status 0, a null *list and *last
+ * FL_EMPTY. *dropped (may be null) counts the loops of the clean-up left
+ * out for coming nearer than |d|. k is never changed. Returns 0;
+ * PA_INVALID for a null head, list or last, or a k that is null, open, or
+ * of an area within tol of 0; PA_NO_MEMORY or PA_NO_RECORD when memory or
+ * the store runs out; PA_LIST_FULL when the offset still crosses itself
+ * more often than a crossing list holds; or the status of FlParallel or
+ * FlCleanKont. On failure *list is null, *last FL_EMPTY, and every record
+ * is back in the store. */
+POLYARC_EXTERN uint16_t FlParallelRegion(LI_HEAD *head, const LI_TAB_STRUCT *k, uint16_t side,
+                                         double d, uint16_t mode, uint16_t *counter,
+                                         LI_TAB_STRUCT ***list, int16_t *last, uint32_t *dropped);
+
 /* ---- Limits and rotation ---------------------------------------------- */
 
 /* The extreme points of contour k along the unit direction dir: *min and
