@@ -52,20 +52,11 @@ std::vector<GE_POINT> InnerRim(int n) {
   return Star(n, RimRadius(n) - 0.5 * kSpacing, 1, 1, kTwoPi / (2.0 * n), 2);
 }
 
-void BM_FlCrossList(benchmark::State &state) {
-  const int n = int(state.range(0));
-  LI_HEAD head{};
-  LI_TAB_STRUCT *a = Polygon(&head, OuterRim(n));
-  LI_TAB_STRUCT *b = Polygon(&head, InnerRim(n));
-  int16_t last = FL_EMPTY;
-  for (auto _ : state) {
-    GE_CROSS *list = nullptr;
-    benchmark::DoNotOptimize(FlCrossList(a, b, &list, &last));
-    FlFreeCross(&list);
-  }
-  state.counters["crossings"] = last + 1;
-  LiFreeMem(&head);
-}
+// The crossings of the two rims of n vertices, their records taken from
+// head (scattered when scatter is set, see ScatterStore).
+void CrossRims(benchmark::State &state, bool scatter);
+
+void BM_FlCrossList(benchmark::State &state) { CrossRims(state, false); }
 BENCHMARK(BM_FlCrossList)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 // Leaves count free records in the store in a seeded random order, so that
@@ -79,11 +70,10 @@ void ScatterStore(LI_HEAD *head, int count) {
   for (LI_TAB_STRUCT *&r : records) LiRemove(head, &r);
 }
 
-// The pair of BM_FlCrossList with its records scattered.
-void BM_ScatteredFlCrossList(benchmark::State &state) {
+void CrossRims(benchmark::State &state, bool scatter) {
   const int n = int(state.range(0));
   LI_HEAD head{};
-  ScatterStore(&head, 2 * n + 512);
+  if (scatter) ScatterStore(&head, 2 * n + 512);
   LI_TAB_STRUCT *a = Polygon(&head, OuterRim(n));
   LI_TAB_STRUCT *b = Polygon(&head, InnerRim(n));
   int16_t last = FL_EMPTY;
@@ -95,6 +85,9 @@ void BM_ScatteredFlCrossList(benchmark::State &state) {
   state.counters["crossings"] = last + 1;
   LiFreeMem(&head);
 }
+
+// The pair of BM_FlCrossList with its records scattered.
+void BM_ScatteredFlCrossList(benchmark::State &state) { CrossRims(state, true); }
 BENCHMARK(BM_ScatteredFlCrossList)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 // One contour that goes round twice, the second time inside the first

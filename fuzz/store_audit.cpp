@@ -7,26 +7,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <functional>
-#include <unordered_set>
 
 #include "polyarc/platform.h"
+#include "support/record_census.h"
 
 namespace polyarc_fuzz {
 namespace {
-
-struct Block {
-  const LI_TAB_STRUCT *first;
-  size_t count;
-};
-
-bool Owned(const std::vector<Block> &blocks, const LI_TAB_STRUCT *p) {
-  const std::less<const LI_TAB_STRUCT *> before;
-  for (const Block &b : blocks) {
-    if (!before(p, b.first) && before(p, b.first + b.count)) return true;
-  }
-  return false;
-}
 
 bool Finite(GE_POINT p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
@@ -63,42 +49,10 @@ void Fail(const char *what) {
 
 void RequireAllRecordsAccounted(const LI_HEAD &head, const std::vector<const LI_TAB_STRUCT *> &live,
                                 const char *after) {
-  std::vector<Block> blocks;
-  size_t total = 0;
-  for (uint32_t i = 0; i < head.nblocks; ++i) {
-    const size_t count = MemTestBlockBytes(head.blocks[i]) / sizeof(LI_TAB_STRUCT);
-    blocks.push_back({head.blocks[i], count});
-    total += count;
-  }
-  std::unordered_set<const LI_TAB_STRUCT *> seen;
-  auto take = [&](const LI_TAB_STRUCT *p, const char *where) {
-    if (!Owned(blocks, p)) {
-      std::fprintf(stderr, "after %s: a record in %s is not the store's\n", after, where);
-      Fail("foreign record");
-    }
-    if (!seen.insert(p).second) {
-      std::fprintf(stderr, "after %s: a record counted twice, in %s\n", after, where);
-      Fail("record twice");
-    }
-  };
-  for (const LI_TAB_STRUCT *p = head.free; p != nullptr; p = p->next) take(p, "the free list");
-  for (const LI_TAB_STRUCT *k : live) {
-    if (k == nullptr) continue;
-    if (LiCheck(k) != 1) {
-      std::fprintf(stderr, "after %s: a live contour has broken links\n", after);
-      Fail("broken links");
-    }
-    const LI_TAB_STRUCT *e = k;
-    do {
-      take(e, "a live contour");
-      e = e->next;
-    } while (e != k);
-  }
-  if (seen.size() != total) {
-    std::fprintf(stderr, "after %s: %zu of %zu records are neither free nor in a live contour\n",
-                 after, total - seen.size(), total);
-    Fail("records lost");
-  }
+  const std::string why = polyarc_census::RecordCensus(head, live);
+  if (why.empty()) return;
+  std::fprintf(stderr, "after %s: %s\n", after, why.c_str());
+  Fail("records not accounted for");
 }
 
 void RequireStatus(uint16_t status, std::initializer_list<uint16_t> allowed, const char *call) {

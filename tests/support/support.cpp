@@ -1,9 +1,9 @@
 // Test support: builders, the store audit and failure injection.
 #include "support/support.h"
 
+#include "support/record_census.h"
+
 #include <cmath>
-#include <functional>
-#include <unordered_set>
 
 namespace polyarc_test {
 
@@ -61,51 +61,11 @@ Points Vertices(LI_TAB_STRUCT *k) {
 
 namespace {
 
-struct Block {
-  const LI_TAB_STRUCT *first;
-  size_t count;
-};
-
-bool Owned(const std::vector<Block> &blocks, const LI_TAB_STRUCT *p) {
-  const std::less<const LI_TAB_STRUCT *> before;
-  for (const Block &b : blocks) {
-    if (!before(p, b.first) && before(p, b.first + b.count)) return true;
-  }
-  return false;
-}
-
 testing::AssertionResult Audit(const LI_HEAD &head,
                                const std::vector<const LI_TAB_STRUCT *> &live) {
-  std::vector<Block> blocks;
-  size_t total = 0;
-  for (uint32_t i = 0; i < head.nblocks; ++i) {
-    const size_t count = MemTestBlockBytes(head.blocks[i]) / sizeof(LI_TAB_STRUCT);
-    blocks.push_back({head.blocks[i], count});
-    total += count;
-  }
-  std::unordered_set<const LI_TAB_STRUCT *> seen;
-  auto take = [&](const LI_TAB_STRUCT *p, const char *where) -> testing::AssertionResult {
-    if (!Owned(blocks, p)) return testing::AssertionFailure() << "foreign record in " << where;
-    if (!seen.insert(p).second) return testing::AssertionFailure() << "record twice, in " << where;
-    return testing::AssertionSuccess();
-  };
-  for (const LI_TAB_STRUCT *p = head.free; p != nullptr; p = p->next) {
-    if (auto r = take(p, "the free list"); !r) return r;
-  }
-  for (const LI_TAB_STRUCT *k : live) {
-    if (k == nullptr) continue;
-    if (LiCheck(k) != 1) return testing::AssertionFailure() << "a live contour has broken links";
-    const LI_TAB_STRUCT *e = k;
-    do {
-      if (auto r = take(e, "a live contour"); !r) return r;
-      e = e->next;
-    } while (e != k);
-  }
-  if (seen.size() != total) {
-    return testing::AssertionFailure() << (total - seen.size()) << " of " << total
-                                       << " records are neither free nor in a live contour";
-  }
-  return testing::AssertionSuccess();
+  const std::string why = polyarc_census::RecordCensus(head, live);
+  if (why.empty()) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << why;
 }
 
 }  // namespace
