@@ -74,14 +74,12 @@ GE_BOX BandBox(const Band &band) {
           std::max(band.a.x, band.b.x) + s, std::max(band.a.y, band.b.y) + s};
 }
 
-// The parameters t at which p + t v lies nearer than r to a band's chord:
-// the hull of the intervals in the discs about the chord's ends and in the
-// rectangle beside it.
-constexpr Span kNoSpan{HUGE_VAL, -HUGE_VAL};
+constexpr Span kNoSpan{HUGE_VAL, -HUGE_VAL};  // empty
 
 Span Hull(Span a, Span b) { return {std::min(a.lo, b.lo), std::max(a.hi, b.hi)}; }
 Span Meet(Span a, Span b) { return {std::max(a.lo, b.lo), std::min(a.hi, b.hi)}; }
 
+// The t at which p + t v lies nearer than r to c.
 Span DiscSpan(GE_POINT p, GE_POINT v, GE_POINT c, double r) {
   const GE_POINT w = p - c;
   const double a = Norm2(v), b = Dot(v, w), cc = Norm2(w) - r * r;
@@ -99,6 +97,9 @@ Span LinearSpan(double c0, double c1, double lo, double hi) {
   return {std::min(t1, t2), std::max(t1, t2)};
 }
 
+// The parameters t at which p + t v lies nearer than r to a band's chord:
+// the hull of the intervals in the discs about the chord's ends and in the
+// rectangle beside it.
 Span BandSpan(GE_POINT p, GE_POINT v, const Band &band, double r) {
   Span span = Hull(DiscSpan(p, v, band.a, r), DiscSpan(p, v, band.b, r));
   if (band.length > 0.0) {
