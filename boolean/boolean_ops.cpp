@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "boolean/pipelines.h"
 #include "contour/element_area.h"
+#include "contour/short_elements.h"
 #include "geom/predicates.h"
 #include "polyarc/fl.h"
 #include "polyarc/li.h"
@@ -36,21 +38,47 @@ struct Box {
   bool closed = true;
 };
 
-// slivers tells whether DropSlivers would find work.
+// Adds one element to the measures; slivers tells whether DropSlivers
+// would find work.
+void Take(Box &box, const LI_TAB_STRUCT &e, double tol, bool &slivers) {
+  slivers = slivers || (IsArc(e) && IsFullCircle(e, tol));
+  box.lo = {std::min(box.lo.x, e.box.xmin), std::min(box.lo.y, e.box.ymin)};
+  box.hi = {std::max(box.hi.x, e.box.xmax), std::max(box.hi.y, e.box.ymax)};
+  box.area += ElementArea(e, tol);
+  box.closed = box.closed && CoincidePerAxis(e.ep, e.next->ap, tol);
+}
+
 Box Measure(const LI_TAB_STRUCT *k, bool &slivers) {
   const double tol = Tol();
   Box box;
   slivers = false;
   const LI_TAB_STRUCT *e = k;
   do {
-    slivers = slivers || (IsArc(*e) && IsFullCircle(*e, tol));
-    box.lo = {std::min(box.lo.x, e->box.xmin), std::min(box.lo.y, e->box.ymin)};
-    box.hi = {std::max(box.hi.x, e->box.xmax), std::max(box.hi.y, e->box.ymax)};
-    box.area += ElementArea(*e, tol);
-    box.closed = box.closed && CoincidePerAxis(e->ep, e->next->ap, tol);
+    Take(box, *e, tol, slivers);
     e = e->next;
   } while (e != k);
   return box;
+}
+
+// LiRemShort on a fresh closed copy of two or more elements when nothing in
+// it is short, which is the rule: then the removal only flattens and
+// recomputes each element, and the same walk measures it (at 10^5 elements
+// every walk over the records costs as much as the geometry). False when
+// an element is short: the copy is then half done and must be made afresh.
+bool TidyAndMeasure(LI_TAB_STRUCT *k, double short_len, bool flatten, uint16_t &status, Box &box,
+                    bool &slivers) {
+  const double tol = Tol();
+  const LI_TAB_STRUCT *const last = k->prev;
+  LI_TAB_STRUCT *e = k;
+  do {
+    if (flatten) FlattenArc(*e, short_len, tol);
+    if (IsShort(*e, false, short_len)) return false;
+    if (e == last) e->ep = k->ap;  // the removal closes the contour
+    status |= Recompute(e);
+    Take(box, *e, tol, slivers);
+    e = e->next;
+  } while (e != k);
+  return true;
 }
 
 // Touching boxes overlap.
@@ -93,14 +121,28 @@ uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, 
   copy.Reset();
   copy.k() = LiCopyBlock(head, src, src->prev);
   if (copy.k() == nullptr) return PA_NO_RECORD;
-  if (auto status = LiRemShort(head, &copy.k(), 1, short_len, keep_arcs ? 0 : 1); status != PA_OK)
-    return status;
-  // Slivers are rare: the walk that measures the copy looks for them too,
-  // and only when it finds one are they dropped and the copy measured again.
   bool slivers = false;
-  box = Measure(copy.k(), slivers);
+  uint16_t status = PA_OK;
+  box = Box{};
+  bool measured = false;
+  if (copy.k()->next != copy.k()) {
+    measured = TidyAndMeasure(copy.k(), short_len, !keep_arcs, status, box, slivers);
+    if (measured && status != PA_OK) return status;
+    if (!measured) {
+      copy.Reset();
+      copy.k() = LiCopyBlock(head, src, src->prev);
+      if (copy.k() == nullptr) return PA_NO_RECORD;
+    }
+  }
+  if (!measured) {
+    status = LiRemShort(head, &copy.k(), 1, short_len, keep_arcs ? 0 : 1);
+    if (status != PA_OK) return status;
+    box = Measure(copy.k(), slivers);
+  }
+  // Slivers are rare: only when the measuring walk finds one are they
+  // dropped and the copy measured again.
   if (slivers) {
-    if (auto status = DropSlivers(head, copy.k()); status != PA_OK) return status;
+    if (status = DropSlivers(head, copy.k()); status != PA_OK) return status;
     box = Measure(copy.k(), slivers);
   }
   return box.closed ? PA_OK : PA_INVALID;
@@ -167,7 +209,8 @@ uint16_t Combine(LI_HEAD *head, const Operands &in, int32_t op, const Result &r)
   const double area_b =
       Orient(cb.k(), bb.area, op == FL_OP_DIFFERENCE ? Sense::kNegative : Sense::kPositive);
   uint32_t split = 0;
-  if (auto status = FlCrossKonturClosed(head, &ca.k(), &cb.k(), op, &split, r.loops, r.last);
+  LoopAreas areas;
+  if (auto status = CrossKonturClosed(head, ca.k(), cb.k(), op, split, *r.loops, *r.last, &areas);
       status != PA_OK) {
     DropList(head, r);
     return status;
@@ -175,8 +218,8 @@ uint16_t Combine(LI_HEAD *head, const Operands &in, int32_t op, const Result &r)
   if (*r.last == FL_EMPTY) return Contain(head, in, split, ca, cb, ba, bb, *r.contain);
   // The copies now live on in the loops.
   *r.no_cross = 0;
-  const uint16_t status =
-      FlCrossKonturCleanClosed(head, area_a, area_b, static_cast<uint32_t>(op), *r.loops, r.last);
+  const uint16_t status = CrossKonturCleanClosed(head, area_a, area_b, static_cast<uint32_t>(op),
+                                                 *r.loops, *r.last, areas.data());
   if (status != PA_OK) DropList(head, r);
   return status;
 }

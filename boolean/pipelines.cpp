@@ -2,9 +2,12 @@
 // the choice of a Boolean operation's loops, one contour cut at its
 // self-crossings, and the loop clean-up that offsetting runs.
 #include <algorithm>
+#include <new>
 #include <utility>
 
+#include "boolean/link.h"
 #include "boolean/loop_list.h"
+#include "boolean/pipelines.h"
 #include "geom/predicates.h"
 #include "polyarc/fl.h"
 #include "polyarc/li.h"
@@ -35,20 +38,31 @@ struct CrossingList {
 };
 
 // Cuts, snaps and classifies the crossings of two contours and rewires
-// them into loops.
+// them into loops, measuring them when areas are wanted.
 uint16_t LinkTwo(LI_HEAD *head, CrossingList &cross, LI_TAB_STRUCT *&a, LI_TAB_STRUCT *&b,
-                 int32_t op, uint32_t &flags, LI_TAB_STRUCT **&loops, int16_t &last) {
+                 int32_t op, uint32_t &flags, LI_TAB_STRUCT **&loops, int16_t &last,
+                 LoopAreas *areas) {
   if (uint16_t st = FlSplitCross(head, cross.list, cross.last, &flags, &a, &b); st != PA_OK)
     return st;
   if (uint16_t st = FlCrossSetPt(cross.list, cross.last); st != PA_OK) return st;
   if (uint16_t st = FlSetIdentDel(cross.list, cross.last); st != PA_OK) return st;
   FlCheckCross(cross.list, cross.last, op);
-  FlCrossLink(&cross.list, &cross.last, &loops, &last);
+  if (areas != nullptr) {
+    try {
+      areas->resize(2 * static_cast<size_t>(cross.last + 1));
+    } catch (const std::bad_alloc &) {
+      return PA_NO_MEMORY;
+    }
+  }
+  CrossLink(cross.list, cross.last, loops, last, areas != nullptr ? areas->data() : nullptr);
   return PA_OK;
 }
 
+}  // namespace
+
 uint16_t CrossKonturClosed(LI_HEAD *head, LI_TAB_STRUCT *&a, LI_TAB_STRUCT *&b, int32_t op,
-                           uint32_t &flags, LI_TAB_STRUCT **&loops, int16_t &last) {
+                           uint32_t &flags, LI_TAB_STRUCT **&loops, int16_t &last,
+                           LoopAreas *areas) {
   flags = 0;
   loops = nullptr;
   last = FL_EMPTY;
@@ -56,10 +70,12 @@ uint16_t CrossKonturClosed(LI_HEAD *head, LI_TAB_STRUCT *&a, LI_TAB_STRUCT *&b, 
   CrossingList cross;
   if (uint16_t st = FlCrossList(a, b, &cross.list, &cross.last); st != PA_OK || cross.last < 0)
     return st;
-  const uint16_t status = LinkTwo(head, cross, a, b, op, flags, loops, last);
+  const uint16_t status = LinkTwo(head, cross, a, b, op, flags, loops, last, areas);
   if (last >= 0) a = b = nullptr;  // their elements now belong to the loops
   return status;
 }
+
+namespace {
 
 // Self-crossings are found twice (a x b and b x a): the mirrored twins go
 // before and after the overlaps are resolved.
@@ -74,7 +90,7 @@ uint16_t LinkOne(LI_HEAD *head, CrossingList &cross, LI_TAB_STRUCT *&k, LI_TAB_S
   FlRemIdentInv(cross.list, cross.last, 0);
   FlCheckCrossSingle(cross.list, cross.last);
   FlRemIdentInv(cross.list, cross.last, 1);
-  FlCrossLink(&cross.list, &cross.last, &loops, &last);
+  CrossLink(cross.list, cross.last, loops, last, nullptr);
   return PA_OK;
 }
 
@@ -101,11 +117,12 @@ struct AreaLimits {
   double t2;       // the area tolerance: the length tolerance squared
 };
 
-// Whether loop i fits the operation; a union's outer loop moves to index 0.
-// Loops that do not fit are given back, leaving a null entry.
-uint16_t SortLoop(LI_HEAD *head, LI_TAB_STRUCT **loops, int i, uint32_t op,
-                  const AreaLimits &lim, bool &success) {
-  const double a = LiKontArea(loops[i]);
+// Whether loop i, of the given area, fits the operation; a union's outer
+// loop moves to index 0. Loops that do not fit are given back, leaving a
+// null entry; measured loops were just walked whole, so they skip the
+// link check.
+uint16_t SortLoop(LI_HEAD *head, LI_TAB_STRUCT **loops, int i, double a, bool measured,
+                  uint32_t op, const AreaLimits &lim, bool &success) {
   const bool positive = a >= lim.t2;
   bool keep = positive;
   switch (op) {
@@ -129,12 +146,20 @@ uint16_t SortLoop(LI_HEAD *head, LI_TAB_STRUCT **loops, int i, uint32_t op,
       success = success || positive;
       return PA_OK;
   }
-  if (!keep) LiRemove(head, &loops[i]);
+  if (keep) return PA_OK;
+  if (measured) {
+    LiRemoveUnchecked(head, loops[i]);
+    loops[i] = nullptr;
+  } else {
+    LiRemove(head, &loops[i]);
+  }
   return PA_OK;
 }
 
+}  // namespace
+
 uint16_t CrossKonturCleanClosed(LI_HEAD *head, double area_a, double area_b, uint32_t op,
-                                LI_TAB_STRUCT **loops, int16_t &last) {
+                                LI_TAB_STRUCT **loops, int16_t &last, const double *areas) {
   if (last == 0) return PA_INVALID;  // one loop is no result of two crossing contours
   if (last < 0) return PA_IMPOSSIBLE;
   const double tol = Tol();
@@ -142,12 +167,19 @@ uint16_t CrossKonturCleanClosed(LI_HEAD *head, double area_a, double area_b, uin
   const AreaLimits lim{std::max(area_a, area_b) - t2, std::min(area_a, area_b) + t2, t2};
   bool success = false;
   for (int i = 0; i <= last; ++i) {
-    if (uint16_t st = SortLoop(head, loops, i, op, lim, success); st != PA_OK) return st;
+    // Only entries not yet seen move (the outer loop swaps with entry 0),
+    // so areas[i] is still loop i's.
+    const double a = areas != nullptr ? areas[i] : LiKontArea(loops[i]);
+    if (uint16_t st = SortLoop(head, loops, i, a, areas != nullptr, op, lim, success);
+        st != PA_OK)
+      return st;
   }
   if (!success) return PA_IMPOSSIBLE;
   last = CloseUp(loops, last);
   return PA_OK;
 }
+
+namespace {
 
 // ---- Cleaning one contour --------------------------------------------------
 
@@ -214,13 +246,13 @@ extern "C" uint16_t FlCrossKonturClosed(LI_HEAD *head, LI_TAB_STRUCT **a, LI_TAB
   if (head == nullptr || a == nullptr || b == nullptr || flags == nullptr || loops == nullptr ||
       last == nullptr)
     return PA_INVALID;
-  return CrossKonturClosed(head, *a, *b, op, *flags, *loops, *last);
+  return CrossKonturClosed(head, *a, *b, op, *flags, *loops, *last, nullptr);
 }
 
 extern "C" uint16_t FlCrossKonturCleanClosed(LI_HEAD *head, double area_a, double area_b,
                                              uint32_t op, LI_TAB_STRUCT **loops, int16_t *last) {
   if (head == nullptr || last == nullptr || (loops == nullptr && *last >= 0)) return PA_INVALID;
-  return CrossKonturCleanClosed(head, area_a, area_b, op, loops, *last);
+  return CrossKonturCleanClosed(head, area_a, area_b, op, loops, *last, nullptr);
 }
 
 extern "C" uint16_t FlCrossKonturSingle(LI_HEAD *head, LI_TAB_STRUCT **k, LI_TAB_STRUCT ***loops,

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "contour/new_line.h"
+#include "contour/short_elements.h"
 #include "geom/predicates.h"
 #include "polyarc/li.h"
 #include "store/chain_links.h"
@@ -109,35 +110,41 @@ uint16_t Rejoin(LI_TAB_STRUCT *k, bool closed) {
   return status;
 }
 
-// Arcs that are nearly straight at the scale min become lines. Each is
-// recomputed as a line at once, so that one the final recomputation leaves
-// out (the last element of an open contour, or the only one left) holds a
-// line's fields too; the status of this recomputation is not reported, the
-// later one reports it for every element it reaches.
+// Arcs that are nearly straight at the scale min become lines; see
+// FlattenArc.
 void Flatten(LI_TAB_STRUCT *k, double min) {
   const double tol = Tol();
   LI_TAB_STRUCT *e = k;
   do {
-    if (IsArc(*e)) {
-      const double bow = std::fabs(LiElemLen(e) - Dist(e->ap, e->ep));
-      const double sagitta = (1.0 - std::cos(0.5 * CoveredSweep(*e, tol))) * e->rad;
-      if (bow < min && sagitta < min) {
-        e->type = LI_LINE;
-        LiElemExpandDrawVectorized(e);
-      }
-    }
+    FlattenArc(*e, min, tol);
     e = e->next;
   } while (e != k);
 }
 
-bool Short(const LI_TAB_STRUCT &e, bool only, double min) {
+}  // namespace
+
+// Each is recomputed as a line at once, so that one the final
+// recomputation leaves out (the last element of an open contour, or the
+// only one left) holds a line's fields too; the status of this
+// recomputation is not reported, the later one reports it for every
+// element it reaches.
+void FlattenArc(LI_TAB_STRUCT &e, double min, double tol) {
+  if (!IsArc(e)) return;
+  const double bow = std::fabs(LiElemLen(&e) - Dist(e.ap, e.ep));
+  const double sagitta = (1.0 - std::cos(0.5 * CoveredSweep(e, tol))) * e.rad;
+  if (bow < min && sagitta < min) {
+    e.type = LI_LINE;
+    LiElemExpandDrawVectorized(&e);
+  }
+}
+
+bool IsShort(const LI_TAB_STRUCT &e, bool only, double min) {
   if (only) return false;
   const double chord = Dist(e.ap, e.ep);
   if (IsLine(e)) return chord < min;
   return min > e.rad || chord < min;
 }
 
-// Recomputes one element after its joints moved; its status.
 uint16_t Recompute(LI_TAB_STRUCT *e) {
   if (IsArc(*e)) {
     const uint16_t status = LiRadKorr(e);
@@ -147,7 +154,6 @@ uint16_t Recompute(LI_TAB_STRUCT *e) {
   return LiElemExpand(e);
 }
 
-}  // namespace
 }  // namespace polyarc
 
 using namespace polyarc;
@@ -187,7 +193,7 @@ extern "C" uint16_t LiRemShort(LI_HEAD *head, LI_TAB_STRUCT **kont, int32_t clos
   LI_TAB_STRUCT *kept = nullptr, *first_kept = nullptr;
   uint16_t status = PA_OK;
   DeleteEach(
-      head, kont, [min](const LI_TAB_STRUCT &e, bool only) { return Short(e, only, min); },
+      head, kont, [min](const LI_TAB_STRUCT &e, bool only) { return IsShort(e, only, min); },
       [&](LI_TAB_STRUCT *e, bool after_gap) {
         // Close the gap that deletions left behind the last element kept.
         if (after_gap && kept != nullptr) kept->ep = e->ap;
