@@ -9,6 +9,7 @@
 #include "geom/predicates.h"
 #include "polyarc/fl.h"
 #include "polyarc/li.h"
+#include "store/chain_links.h"
 
 namespace polyarc {
 namespace {
@@ -62,24 +63,46 @@ Box Measure(const LI_TAB_STRUCT *k, bool &slivers) {
 
 // LiRemShort on a fresh closed copy of two or more elements when nothing in
 // it is short, which is the rule: then the removal only flattens and
-// recomputes each element, and the same walk measures it (at 10^5 elements
-// every walk over the records costs as much as the geometry). False when
-// an element is short: the copy is then half done and must be made afresh.
-bool TidyAndMeasure(LI_TAB_STRUCT *k, double short_len, bool flatten, uint16_t &status, Box &box,
-                    bool &slivers) {
-  const double tol = Tol();
-  const LI_TAB_STRUCT *const last = k->prev;
-  LI_TAB_STRUCT *e = k;
-  do {
-    if (flatten) FlattenArc(*e, short_len, tol);
-    if (IsShort(*e, false, short_len)) return false;
-    if (e == last) e->ep = k->ap;  // the removal closes the contour
-    status |= Recompute(e);
-    Take(box, *e, tol, slivers);
-    e = e->next;
-  } while (e != k);
-  return true;
-}
+// recomputes each element, and the walk that copies it recomputes and
+// measures each element too (at 10^5 elements every walk over the records
+// costs as much as the geometry). Once an element is short, the rest is
+// only copied: the copy is half done and must be made afresh.
+class Tidy final : public CopyVisitor {
+ public:
+  Tidy(double short_len, bool flatten) : short_len_(short_len), flatten_(flatten) {}
+
+  void Visit(LI_TAB_STRUCT *e) override {
+    if (first_ == nullptr) first_ = e;
+    if (short_ || e->next == e) {
+      short_ = true;
+      return;
+    }
+    if (flatten_) FlattenArc(*e, short_len_, tol_);
+    if (IsShort(*e, false, short_len_)) {
+      short_ = true;
+      return;
+    }
+    if (e->next == first_) e->ep = first_->ap;  // the removal closes the contour
+    status_ |= Recompute(e);
+    Take(box_, *e, tol_, slivers_);
+  }
+
+  // Whether the copy came out tidied and measured.
+  bool Done() const { return first_ != nullptr && !short_; }
+  uint16_t status() const { return status_; }
+  const Box &box() const { return box_; }
+  bool slivers() const { return slivers_; }
+
+ private:
+  double tol_ = Tol();
+  double short_len_;
+  bool flatten_;
+  const LI_TAB_STRUCT *first_ = nullptr;
+  bool short_ = false;
+  uint16_t status_ = PA_OK;
+  Box box_;
+  bool slivers_ = false;
+};
 
 // Touching boxes overlap.
 bool Overlap(const Box &a, const Box &b) {
@@ -119,22 +142,17 @@ uint16_t DropSlivers(LI_HEAD *head, LI_TAB_STRUCT *&k) {
 uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, bool keep_arcs,
                      CopyGuard &copy, Box &box) {
   copy.Reset();
-  copy.k() = LiCopyBlock(head, src, src->prev);
+  Tidy tidy(short_len, !keep_arcs);
+  copy.k() = CopyChain(*head, src, src->prev, &tidy);
   if (copy.k() == nullptr) return PA_NO_RECORD;
-  bool slivers = false;
-  uint16_t status = PA_OK;
-  box = Box{};
-  bool measured = false;
-  if (copy.k()->next != copy.k()) {
-    measured = TidyAndMeasure(copy.k(), short_len, !keep_arcs, status, box, slivers);
-    if (measured && status != PA_OK) return status;
-    if (!measured) {
-      copy.Reset();
-      copy.k() = LiCopyBlock(head, src, src->prev);
-      if (copy.k() == nullptr) return PA_NO_RECORD;
-    }
-  }
-  if (!measured) {
+  uint16_t status = tidy.status();
+  bool slivers = tidy.slivers();
+  box = tidy.box();
+  if (tidy.Done() && status != PA_OK) return status;
+  if (!tidy.Done()) {
+    copy.Reset();
+    copy.k() = LiCopyBlock(head, src, src->prev);
+    if (copy.k() == nullptr) return PA_NO_RECORD;
     status = LiRemShort(head, &copy.k(), 1, short_len, keep_arcs ? 0 : 1);
     if (status != PA_OK) return status;
     box = Measure(copy.k(), slivers);

@@ -37,15 +37,29 @@ uint32_t RunLength(const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last) {
 }
 
 // Copies the n elements from first into records that are already taken,
-// in their order, and closes the chain.
-LI_TAB_STRUCT *CopyInto(const LI_TAB_STRUCT *first, LI_TAB_STRUCT *const *records, uint32_t n) {
+// in their order, and closes the chain; each copy goes to the visitor
+// while it is still in the cache.
+LI_TAB_STRUCT *CopyInto(const LI_TAB_STRUCT *first, LI_TAB_STRUCT *const *records, uint32_t n,
+                        CopyVisitor *visitor) {
   const LI_TAB_STRUCT *src = first;
   for (uint32_t i = 0; i < n; ++i, src = src->next) {
     *records[i] = *src;
-    if (i > 0) Link(records[i - 1], records[i]);
+    if (i == 0) continue;
+    Link(records[i - 1], records[i]);
+    if (visitor != nullptr) visitor->Visit(records[i - 1]);
   }
   Link(records[n - 1], records[0]);
+  if (visitor != nullptr) visitor->Visit(records[n - 1]);
   return records[0];
+}
+
+void VisitAll(LI_TAB_STRUCT *k, CopyVisitor *visitor) {
+  if (visitor == nullptr) return;
+  LI_TAB_STRUCT *e = k;
+  do {
+    visitor->Visit(e);
+    e = e->next;
+  } while (e != k);
 }
 
 // Long copies take their records in address order, so that walking the
@@ -57,7 +71,8 @@ constexpr uint32_t kSortedCopyMin = 1024;
 
 // Copies first..last taking records straight off the free list; on failure
 // every record taken goes back.
-LI_TAB_STRUCT *CopyRun(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last) {
+LI_TAB_STRUCT *CopyRun(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
+                       CopyVisitor *visitor) {
   const uint32_t n = RunLength(first, last);
   BlockVector<LI_TAB_STRUCT *> records;
   try {
@@ -88,10 +103,11 @@ LI_TAB_STRUCT *CopyRun(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_S
   }
   if (!sorted) {
     Link(copy_last, copy_first);
+    VisitAll(copy_first, visitor);
     return copy_first;
   }
   std::sort(records.begin(), records.end(), std::less<LI_TAB_STRUCT *>());
-  return CopyInto(first, records.data(), n);
+  return CopyInto(first, records.data(), n, visitor);
 }
 
 // Overwrites dst's elements with src's, keeping dst's links; 0 only when
@@ -112,6 +128,12 @@ uint16_t CopyInPlace(const LI_TAB_STRUCT *src, LI_TAB_STRUCT *dst) {
 }
 
 }  // namespace
+
+LI_TAB_STRUCT *CopyChain(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
+                         CopyVisitor *visitor) {
+  return CopyRun(head, first, last, visitor);
+}
+
 }  // namespace polyarc
 
 using namespace polyarc;
@@ -168,7 +190,7 @@ extern "C" uint16_t LiInsertElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const LI_T
 extern "C" LI_TAB_STRUCT *LiCopyBlock(LI_HEAD *head, const LI_TAB_STRUCT *first,
                                       const LI_TAB_STRUCT *last) {
   if (head == nullptr || first == nullptr) return nullptr;
-  return CopyRun(*head, first, last);
+  return CopyRun(*head, first, last, nullptr);
 }
 
 extern "C" uint16_t LiCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, LI_TAB_STRUCT **dst) {

@@ -46,6 +46,21 @@ inline void Append(LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first) {
   }
 }
 
+// Receives each element of a copy once it and its successor's start are
+// in place, in chain order, so that a caller can finish the elements in
+// the walk that copies them.
+class CopyVisitor {
+ public:
+  virtual void Visit(LI_TAB_STRUCT *e) = 0;
+
+ protected:
+  ~CopyVisitor() = default;
+};
+
+// LiCopyBlock, handing every copied element to visitor (store/chain.cpp).
+LI_TAB_STRUCT *CopyChain(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
+                         CopyVisitor *visitor);
+
 // Store internals (store/cLI_list.cpp).
 uint16_t Expand(LI_HEAD &head, uint16_t count);
 LI_TAB_STRUCT *PopFree(LI_HEAD &head, uint16_t grow_by);
