@@ -232,6 +232,49 @@ TEST(Boolean, TheResultListAndTheContainmentValue) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {a, c, bar, far, same, crumb}));
 }
 
+// A regular n-gon of radius 1 about the origin, turned half a step so that
+// no vertex lies on an axis; with a piece, its first edge gets an extra
+// vertex that far along it.
+LI_TAB_STRUCT *Gon(LI_HEAD *head, int n, double piece) {
+  const double step = 2 * kPi / n;
+  auto vertex = [step](double k) { return GE_POINT{std::cos(step * k), std::sin(step * k)}; };
+  LI_TAB_STRUCT *k = nullptr;
+  GE_POINT from = vertex(0.5);
+  EXPECT_EQ(LiMove(head, &k, &from), PA_OK);
+  auto draw = [&](GE_POINT to) { EXPECT_EQ(LiDraw(head, &k, &to), PA_OK); };
+  if (piece > 0) {
+    const GE_POINT to = vertex(1.5);
+    const double t = piece / std::hypot(to.x - from.x, to.y - from.y);
+    draw({from.x + t * (to.x - from.x), from.y + t * (to.y - from.y)});
+  }
+  for (int i = 1; i <= n; ++i) draw(vertex(i + 0.5));
+  return k;
+}
+
+// Copies of a thousand elements and more are taken in address order and
+// tidied as they are copied; one with a piece shorter than the short
+// length is copied afresh and tidied the long way. The box x >= 0 halves
+// the polygon either way.
+TEST(Boolean, LargeCopiesWithAndWithoutShortPieces) {
+  const int n = 2048;
+  const double gon = n / 2.0 * std::sin(2 * kPi / n), box = 8;
+  for (double piece : {0.0, 1e-4}) {
+    Store store;
+    LI_TAB_STRUCT *a = Gon(store.get(), n, piece), *b = Rect(store.get(), 0, -2, 2, 2);
+    ASSERT_EQ(LiCountElem(a), n + (piece > 0 ? 1u : 0u));
+    const double expected[] = {box + gon / 2, gon / 2, gon / 2};
+    for (Op op : kOps) {
+      Outcome r(store.get(), op, a, b, 1e-3, 0);
+      SCOPED_TRACE(testing::Message() << OpName(op) << ", piece " << piece);
+      ASSERT_EQ(r.status(), PA_OK);
+      EXPECT_NEAR(r.RegionArea(gon, box), expected[static_cast<int>(op)], 1e-9);
+      Live all{a, b};
+      for (LI_TAB_STRUCT *k : r.loops()) all.push_back(k);
+      EXPECT_TRUE(AllRecordsAccounted(store.head(), all));
+    }
+  }
+}
+
 TEST(BewDiffMaxKont, TheLargestLoopOrNothing) {
   Store store;
   LI_TAB_STRUCT *strip = Rect(store.get(), 0, 0, 3, 1), *bar = Rect(store.get(), 1, -1, 1.5, 2);
