@@ -135,16 +135,13 @@ uint16_t DropSlivers(LI_HEAD *head, LI_TAB_STRUCT *&k) {
   return PA_OK;
 }
 
-// Copies src whole into copy, removes its short elements (flattening
-// nearly straight arcs unless told to keep them) and slivers, and takes
-// its box and area. A copy left open is no region: an open source, or one
-// smaller than short_len, of which a single open element remains.
-uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, bool keep_arcs,
-                     CopyGuard &copy, Box &box) {
-  copy.Reset();
-  Tidy tidy(short_len, !keep_arcs);
-  copy.k() = CopyChain(*head, src, src->prev, &tidy);
-  if (copy.k() == nullptr) return PA_NO_RECORD;
+// Finishes a copy of src made with tidy: removes its short elements
+// (flattening nearly straight arcs unless told to keep them) and slivers,
+// and takes its box and area. A copy left open is no region: an open
+// source, or one smaller than short_len, of which a single open element
+// remains.
+uint16_t FinishCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, bool keep_arcs,
+                    const Tidy &tidy, CopyGuard &copy, Box &box) {
   uint16_t status = tidy.status();
   bool slivers = tidy.slivers();
   box = tidy.box();
@@ -164,6 +161,59 @@ uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, 
     box = Measure(copy.k(), slivers);
   }
   return box.closed ? PA_OK : PA_INVALID;
+}
+
+uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, bool keep_arcs,
+                     CopyGuard &copy, Box &box) {
+  copy.Reset();
+  Tidy tidy(short_len, !keep_arcs);
+  copy.k() = CopyChain(*head, src, src->prev, &tidy);
+  if (copy.k() == nullptr) return PA_NO_RECORD;
+  return FinishCopy(head, src, short_len, keep_arcs, tidy, copy, box);
+}
+
+struct Operands {
+  const LI_TAB_STRUCT *a, *b;
+  double short_len;
+  bool keep_arcs;
+};
+
+// Both copies at once, when they are long: A's onto the lower half of
+// records taken in address order, B's onto the upper half. After an
+// operation the free list holds the loops it returned, which interleave
+// the records of its two copies; copies taken one after the other from it
+// would each be spread over the whole store, and at 10^5 elements every
+// walk along them would jump about. False when the records were not taken
+// this way (status tells whether the store could not grow).
+constexpr uint32_t kPairedCopyMin = 2048;
+
+bool CopyPair(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, Tidy &ta, Tidy &tb,
+              CopyGuard &ca, CopyGuard &cb, uint16_t &status) {
+  const uint32_t na = ChainLength(a, a->prev), nb = ChainLength(b, b->prev);
+  status = PA_OK;
+  if (na + nb < kPairedCopyMin) return false;
+  BlockVector<LI_TAB_STRUCT *> records;
+  status = TakeSorted(*head, na + nb, records);
+  if (status != PA_OK) return false;
+  ca.k() = CopyOnto(a, records.data(), na, &ta);
+  cb.k() = CopyOnto(b, records.data() + na, nb, &tb);
+  return true;
+}
+
+// The copies of A and B, prepared.
+uint16_t PrepareCopies(LI_HEAD *head, const Operands &in, CopyGuard &ca, CopyGuard &cb, Box &ba,
+                       Box &bb) {
+  Tidy ta(in.short_len, !in.keep_arcs), tb(in.short_len, !in.keep_arcs);
+  uint16_t status = PA_OK;
+  if (!CopyPair(head, in.a, in.b, ta, tb, ca, cb, status)) {
+    if (status == PA_NO_RECORD) return status;
+    if (status = PrepareCopy(head, in.a, in.short_len, in.keep_arcs, ca, ba); status != PA_OK)
+      return status;
+    return PrepareCopy(head, in.b, in.short_len, in.keep_arcs, cb, bb);
+  }
+  if (status = FinishCopy(head, in.a, in.short_len, in.keep_arcs, ta, ca, ba); status != PA_OK)
+    return status;
+  return FinishCopy(head, in.b, in.short_len, in.keep_arcs, tb, cb, bb);
 }
 
 enum class Sense { kPositive, kNegative };
@@ -187,11 +237,6 @@ void DropList(LI_HEAD *head, const Result &r) {
   *r.last = FL_EMPTY;
 }
 
-struct Operands {
-  const LI_TAB_STRUCT *a, *b;
-  double short_len;
-  bool keep_arcs;
-};
 
 // Nothing crossed: A or B may have been cut at crossings that came to
 // nothing, so those are copied afresh before the nesting is decided.
@@ -218,10 +263,7 @@ uint16_t Combine(LI_HEAD *head, const Operands &in, int32_t op, const Result &r)
   *r.contain = 0;
   CopyGuard ca(head), cb(head);
   Box ba{}, bb{};
-  if (auto status = PrepareCopy(head, in.a, in.short_len, in.keep_arcs, ca, ba); status != PA_OK)
-    return status;
-  if (auto status = PrepareCopy(head, in.b, in.short_len, in.keep_arcs, cb, bb); status != PA_OK)
-    return status;
+  if (auto status = PrepareCopies(head, in, ca, cb, ba, bb); status != PA_OK) return status;
   if (!Overlap(ba, bb)) return PA_OK;
   const double area_a = Orient(ca.k(), ba.area, Sense::kPositive);
   const double area_b =

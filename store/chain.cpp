@@ -27,32 +27,6 @@ void CopyForInsert(LI_TAB_STRUCT *copy, const LI_TAB_STRUCT *src) {
   copy->next = copy->prev = copy;
 }
 
-// The number of elements CopyRun copies: first..last, stopping early when
-// the walk comes back to first, so a last outside the chain cannot run it
-// forever.
-uint32_t RunLength(const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last) {
-  uint32_t n = 1;
-  for (const LI_TAB_STRUCT *src = first; src != last && src->next != first; src = src->next) ++n;
-  return n;
-}
-
-// Copies the n elements from first into records that are already taken,
-// in their order, and closes the chain; each copy goes to the visitor
-// while it is still in the cache.
-LI_TAB_STRUCT *CopyInto(const LI_TAB_STRUCT *first, LI_TAB_STRUCT *const *records, uint32_t n,
-                        CopyVisitor *visitor) {
-  const LI_TAB_STRUCT *src = first;
-  for (uint32_t i = 0; i < n; ++i, src = src->next) {
-    *records[i] = *src;
-    if (i == 0) continue;
-    Link(records[i - 1], records[i]);
-    if (visitor != nullptr) visitor->Visit(records[i - 1]);
-  }
-  Link(records[n - 1], records[0]);
-  if (visitor != nullptr) visitor->Visit(records[n - 1]);
-  return records[0];
-}
-
 void VisitAll(LI_TAB_STRUCT *k, CopyVisitor *visitor) {
   if (visitor == nullptr) return;
   LI_TAB_STRUCT *e = k;
@@ -69,45 +43,35 @@ void VisitAll(LI_TAB_STRUCT *k, CopyVisitor *visitor) {
 // cannot be had, take the records as they come off the list.
 constexpr uint32_t kSortedCopyMin = 1024;
 
-// Copies first..last taking records straight off the free list; on failure
-// every record taken goes back.
+// Copies first..last; on failure every record taken goes back.
 LI_TAB_STRUCT *CopyRun(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
                        CopyVisitor *visitor) {
-  const uint32_t n = RunLength(first, last);
-  BlockVector<LI_TAB_STRUCT *> records;
-  try {
-    records.reserve(n >= kSortedCopyMin ? n : 0);
-  } catch (const std::bad_alloc &) {
+  const uint32_t n = ChainLength(first, last);
+  if (n >= kSortedCopyMin) {
+    BlockVector<LI_TAB_STRUCT *> records;
+    const uint16_t status = TakeSorted(head, n, records);
+    if (status == PA_OK) return CopyOnto(first, records.data(), n, visitor);
+    if (status == PA_NO_RECORD) return nullptr;
   }
-  const bool sorted = records.capacity() >= n;
   LI_TAB_STRUCT *copy_first = nullptr, *copy_last = nullptr;
   const LI_TAB_STRUCT *src = first;
   for (uint32_t i = 0; i < n; ++i, src = src->next) {
     LI_TAB_STRUCT *copy = PopFree(head, kCopyBlock);
     if (copy == nullptr) {
-      for (LI_TAB_STRUCT *r : records) r->next = head.free, head.free = r;
       if (copy_first != nullptr) {
         Link(copy_last, copy_first);
         SpliceIntoFree(head, copy_first);
       }
       return nullptr;
     }
-    if (sorted) {
-      records.push_back(copy);
-      continue;
-    }
     *copy = *src;
     if (copy_last != nullptr) Link(copy_last, copy);  // the first copy's prev comes at the close
     if (copy_first == nullptr) copy_first = copy;
     copy_last = copy;
   }
-  if (!sorted) {
-    Link(copy_last, copy_first);
-    VisitAll(copy_first, visitor);
-    return copy_first;
-  }
-  std::sort(records.begin(), records.end(), std::less<LI_TAB_STRUCT *>());
-  return CopyInto(first, records.data(), n, visitor);
+  Link(copy_last, copy_first);
+  VisitAll(copy_first, visitor);
+  return copy_first;
 }
 
 // Overwrites dst's elements with src's, keeping dst's links; 0 only when
@@ -128,6 +92,49 @@ uint16_t CopyInPlace(const LI_TAB_STRUCT *src, LI_TAB_STRUCT *dst) {
 }
 
 }  // namespace
+
+// Stops when the walk comes back to first, so that a last outside the
+// chain cannot run it forever.
+uint32_t ChainLength(const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last) {
+  uint32_t n = 1;
+  for (const LI_TAB_STRUCT *src = first; src != last && src->next != first; src = src->next) ++n;
+  return n;
+}
+
+// Each copy goes to the visitor while it is still in the cache.
+LI_TAB_STRUCT *CopyOnto(const LI_TAB_STRUCT *first, LI_TAB_STRUCT *const *records, uint32_t n,
+                        CopyVisitor *visitor) {
+  const LI_TAB_STRUCT *src = first;
+  for (uint32_t i = 0; i < n; ++i, src = src->next) {
+    *records[i] = *src;
+    if (i == 0) continue;
+    Link(records[i - 1], records[i]);
+    if (visitor != nullptr) visitor->Visit(records[i - 1]);
+  }
+  Link(records[n - 1], records[0]);
+  if (visitor != nullptr) visitor->Visit(records[n - 1]);
+  return records[0];
+}
+
+uint16_t TakeSorted(LI_HEAD &head, uint32_t n, BlockVector<LI_TAB_STRUCT *> &records) {
+  records.clear();
+  try {
+    records.reserve(n);
+  } catch (const std::bad_alloc &) {
+    return PA_NO_MEMORY;
+  }
+  for (uint32_t i = 0; i < n; ++i) {
+    LI_TAB_STRUCT *record = PopFree(head, kCopyBlock);
+    if (record == nullptr) {
+      for (LI_TAB_STRUCT *r : records) r->next = head.free, head.free = r;
+      records.clear();
+      return PA_NO_RECORD;
+    }
+    records.push_back(record);
+  }
+  std::sort(records.begin(), records.end(), std::less<LI_TAB_STRUCT *>());
+  return PA_OK;
+}
 
 LI_TAB_STRUCT *CopyChain(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
                          CopyVisitor *visitor) {

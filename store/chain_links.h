@@ -2,6 +2,7 @@
 // and copy operations share.
 #pragma once
 
+#include "platform/block_allocator.h"
 #include "polyarc/records.h"
 
 namespace polyarc {
@@ -60,6 +61,21 @@ class CopyVisitor {
 // LiCopyBlock, handing every copied element to visitor (store/chain.cpp).
 LI_TAB_STRUCT *CopyChain(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
                          CopyVisitor *visitor);
+
+// The number of elements a copy of first..last holds: up to last, or once
+// round the chain when last is not on it.
+uint32_t ChainLength(const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last);
+
+// Takes n records off the free list into records, in address order, so
+// that copies made onto consecutive slices each run forwards through one
+// stretch of memory. PA_NO_RECORD (every record back on the free list)
+// when the store cannot grow, PA_NO_MEMORY when the array cannot be had.
+uint16_t TakeSorted(LI_HEAD &head, uint32_t n, BlockVector<LI_TAB_STRUCT *> &records);
+
+// Copies the n elements from first onto records already taken, in their
+// order, closes the chain and hands each copy to visitor (may be null).
+LI_TAB_STRUCT *CopyOnto(const LI_TAB_STRUCT *first, LI_TAB_STRUCT *const *records, uint32_t n,
+                        CopyVisitor *visitor);
 
 // Store internals (store/cLI_list.cpp).
 uint16_t Expand(LI_HEAD &head, uint16_t count);
