@@ -33,7 +33,12 @@ def load(paths):
     for path in paths:
         with open(path) as f:
             load_runs(json.load(f), rows)
-    return rows
+    # Runs taken with random interleaving come in any order: rows follow
+    # the order the benchmarks were registered in.
+    def registered(item):
+        (_, _, _, n), runs = item
+        return (min(r.get("family_index", math.inf) for r in runs.values()), n)
+    return OrderedDict(sorted(rows.items(), key=registered))
 
 
 def load_runs(data, rows):
