@@ -333,6 +333,17 @@ TEST(Boolean, FailingAllocationsAtEveryStep) {
       }
     }
   }
+  // Long copies take their records in one batch: it fails whole, at its
+  // first record, its last, or its array.
+  const Shape gon = [](LI_HEAD *h) { return Gon(h, 2048, 0); }, box = R(0, -2, 2, 2);
+  EXPECT_GT(ForEachAllocationFailure([&](InjectedFailure &failure) {
+              RunFailing(gon, box, Op::kUnion, failure, SIZE_MAX);
+            }),
+            0u);
+  for (size_t spare : {0, 1, 2052, 2053, 2100}) {
+    InjectedFailure failure(1);
+    RunFailing(gon, box, Op::kIntersection, failure, spare);
+  }
 }
 
 }  // namespace
