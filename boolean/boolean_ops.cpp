@@ -187,6 +187,7 @@ struct Operands {
 // this way (status tells whether the store could not grow).
 constexpr uint32_t kPairedCopyMin = 2048;
 
+
 bool CopyPair(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, Tidy &ta, Tidy &tb,
               CopyGuard &ca, CopyGuard &cb, uint16_t &status) {
   const uint32_t na = ChainLength(a, a->prev), nb = ChainLength(b, b->prev);
@@ -218,10 +219,43 @@ uint16_t PrepareCopies(LI_HEAD *head, const Operands &in, CopyGuard &ca, CopyGua
 
 enum class Sense { kPositive, kNegative };
 
+// LiKontChgDir on a closed copy, done so that the turned chain still runs
+// forwards through memory: the first element stays in its record, the
+// others' contents are laid out in reverse over the records they held,
+// each is turned, and the records are linked in their old order. Turning
+// in place would leave every later walk along the copy running backwards
+// through memory. Short copies, or when the scratch array cannot be had,
+// are turned in place.
+constexpr size_t kTurnInOrderMin = 1024;
+
+void TurnInOrder(LI_TAB_STRUCT *&k) {
+  BlockVector<LI_TAB_STRUCT *> slots;
+  try {
+    LI_TAB_STRUCT *e = k;
+    do {
+      slots.push_back(e);
+      e = e->next;
+    } while (e != k);
+  } catch (const std::bad_alloc &) {
+    slots.clear();
+  }
+  const size_t n = slots.size();
+  if (n < kTurnInOrderMin) {
+    LiKontChgDir(&k);
+    return;
+  }
+  for (size_t i = 1, j = n - 1; i < j; ++i, --j) std::swap(*slots[i], *slots[j]);
+  for (size_t i = 0; i < n; ++i) {
+    LiElemUmdreh(slots[i]);
+    if (i > 0) Link(slots[i - 1], slots[i]);
+  }
+  Link(slots[n - 1], slots[0]);
+}
+
 // Turns the copy of the given area to the wanted sense; returns |area|.
 double Orient(LI_TAB_STRUCT *&k, double area, Sense sense) {
   const bool turn = sense == Sense::kPositive ? !(area >= 0.0) : area > 0.0;
-  if (turn) LiKontChgDir(&k);
+  if (turn) TurnInOrder(k);
   return std::fabs(area);
 }
 
