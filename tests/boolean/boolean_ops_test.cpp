@@ -253,24 +253,32 @@ LI_TAB_STRUCT *Gon(LI_HEAD *head, int n, double piece) {
 
 // Copies of a thousand elements and more are taken in address order and
 // tidied as they are copied; one with a piece shorter than the short
-// length is copied afresh and tidied the long way. The box x >= 0 halves
-// the polygon either way.
+// length is copied afresh and tidied the long way; one in the wrong sense
+// is turned with its records laid out anew. The box x >= 0 halves the
+// polygon either way.
 TEST(Boolean, LargeCopiesWithAndWithoutShortPieces) {
   const int n = 2048;
   const double gon = n / 2.0 * std::sin(2 * kPi / n), box = 8;
   for (double piece : {0.0, 1e-4}) {
-    Store store;
-    LI_TAB_STRUCT *a = Gon(store.get(), n, piece), *b = Rect(store.get(), 0, -2, 2, 2);
-    ASSERT_EQ(LiCountElem(a), n + (piece > 0 ? 1u : 0u));
-    const double expected[] = {box + gon / 2, gon / 2, gon / 2};
-    for (Op op : kOps) {
-      Outcome r(store.get(), op, a, b, 1e-3, 0);
-      SCOPED_TRACE(testing::Message() << OpName(op) << ", piece " << piece);
-      ASSERT_EQ(r.status(), PA_OK);
-      EXPECT_NEAR(r.RegionArea(gon, box), expected[static_cast<int>(op)], 1e-9);
-      Live all{a, b};
-      for (LI_TAB_STRUCT *k : r.loops()) all.push_back(k);
-      EXPECT_TRUE(AllRecordsAccounted(store.head(), all));
+    for (bool clockwise : {false, true}) {
+      Store store;
+      LI_TAB_STRUCT *a = Gon(store.get(), n, piece), *b = Rect(store.get(), 0, -2, 2, 2);
+      ASSERT_EQ(LiCountElem(a), n + (piece > 0 ? 1u : 0u));
+      if (clockwise) LiKontChgDir(&a);
+      const std::vector<LI_TAB_STRUCT> a0 = Snapshot(a);
+      const double expected[] = {box + gon / 2, gon / 2, gon / 2, box - gon / 2};
+      for (int i = 0; i < 4; ++i) {
+        const Op op = i < 3 ? kOps[i] : Op::kDifference;
+        Outcome r(store.get(), op, i < 3 ? a : b, i < 3 ? b : a, 1e-3, 0);
+        SCOPED_TRACE(testing::Message() << i << ", piece " << piece << ", cw " << clockwise);
+        ASSERT_EQ(r.status(), PA_OK);
+        EXPECT_NEAR(r.RegionArea(i < 3 ? gon : box, i < 3 ? box : gon), expected[i], 1e-9);
+        for (LI_TAB_STRUCT *k : r.loops()) EXPECT_TRUE(LiCheck(k) && LiTestClosed(k));
+        Live all{a, b};
+        for (LI_TAB_STRUCT *k : r.loops()) all.push_back(k);
+        EXPECT_TRUE(AllRecordsAccounted(store.head(), all));
+      }
+      EXPECT_TRUE(SameContents(Snapshot(a), a0));
     }
   }
 }
