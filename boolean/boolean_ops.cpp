@@ -220,36 +220,27 @@ uint16_t PrepareCopies(LI_HEAD *head, const Operands &in, CopyGuard &ca, CopyGua
 enum class Sense { kPositive, kNegative };
 
 // LiKontChgDir on a closed copy, done so that the turned chain still runs
-// forwards through memory: the first element stays in its record, the
-// others' contents are laid out in reverse over the records they held,
-// each is turned, and the records are linked in their old order. Turning
-// in place would leave every later walk along the copy running backwards
-// through memory. Short copies, or when the scratch array cannot be had,
-// are turned in place.
-constexpr size_t kTurnInOrderMin = 1024;
+// forwards through memory: the records keep their links and their order,
+// the first keeps its element, the others' elements are laid out in
+// reverse over them, and each is turned. Turning the links instead would
+// leave every later walk along a long copy running backwards through
+// memory.
+void SwapElements(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b) {
+  std::swap(*a, *b);
+  std::swap(a->next, b->next);
+  std::swap(a->prev, b->prev);
+}
 
-void TurnInOrder(LI_TAB_STRUCT *&k) {
-  BlockVector<LI_TAB_STRUCT *> slots;
-  try {
-    LI_TAB_STRUCT *e = k;
-    do {
-      slots.push_back(e);
-      e = e->next;
-    } while (e != k);
-  } catch (const std::bad_alloc &) {
-    slots.clear();
+void TurnInOrder(LI_TAB_STRUCT *k) {
+  for (LI_TAB_STRUCT *i = k->next, *j = k->prev; i != j; i = i->next, j = j->prev) {
+    SwapElements(i, j);
+    if (i->next == j) break;
   }
-  const size_t n = slots.size();
-  if (n < kTurnInOrderMin) {
-    LiKontChgDir(&k);
-    return;
-  }
-  for (size_t i = 1, j = n - 1; i < j; ++i, --j) std::swap(*slots[i], *slots[j]);
-  for (size_t i = 0; i < n; ++i) {
-    LiElemUmdreh(slots[i]);
-    if (i > 0) Link(slots[i - 1], slots[i]);
-  }
-  Link(slots[n - 1], slots[0]);
+  LI_TAB_STRUCT *e = k;
+  do {
+    LiElemUmdreh(e);
+    e = e->next;
+  } while (e != k);
 }
 
 // Turns the copy of the given area to the wanted sense; returns |area|.
