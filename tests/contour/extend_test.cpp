@@ -1,19 +1,8 @@
 // Extending contours along their end tangents.
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
-
-// A quarter arc from (1, 0) to (0, 1) about the origin, then a line up to
-// (0, 3).
-LI_TAB_STRUCT *ArcThenLine(LI_HEAD *head) {
-  LI_TAB_STRUCT *k = nullptr;
-  const GE_POINT a{1, 0}, b{0, 1}, c{0, 0}, d{0, 3};
-  LiMove(head, &k, &a);
-  EXPECT_EQ(LiArc(head, &k, &b, &c, 0), PA_OK);
-  EXPECT_EQ(LiDraw(head, &k, &d), PA_OK);
-  return k;
-}
 
 TEST(Extend, LinesAreLengthenedAndArcsGetANewLine) {
   Store store;

@@ -2,12 +2,10 @@
 #include <utility>
 #include <vector>
 
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
-
-constexpr double kPi = 3.141592653589793;
 
 // Both rectangles run right along the top first, then down: clockwise. The
 // circle starts at its rightmost point.

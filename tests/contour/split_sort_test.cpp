@@ -1,5 +1,5 @@
 // Splitting closed contours at two points and sorting loose elements.
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
@@ -14,10 +14,7 @@ Segs Segments(LI_TAB_STRUCT *k) {
 
 // The square (0,0) (4,0) (4,4) (0,4), numbered 1 to 4.
 LI_TAB_STRUCT *NumberedSquare(LI_HEAD *head) {
-  LI_TAB_STRUCT *k = Polygon(head, {{0, 0}, {4, 0}, {4, 4}, {0, 4}});
-  uint16_t counter = 0;
-  LiNumKont(k, &counter);
-  return k;
+  return Numbered(Polygon(head, {{0, 0}, {4, 0}, {4, 4}, {0, 4}}));
 }
 
 TEST(SplitKont, TwoPiecesThatAddUpToTheContour) {
