@@ -9,14 +9,11 @@ TEST(Closing, CloseKontBridgesEveryGapAndCheckClosedMovesToTheGap) {
   LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {4, 0}});
   LiChain(k, Polyline(store.get(), {{4, 3}, {0, 3}}));
   LI_TAB_STRUCT *moved = k;
-  EXPECT_EQ(LiCheckClosed(&moved), 0);
-  EXPECT_EQ(moved, k->next) << "an open contour starts at its gap";
+  EXPECT_TRUE(LiCheckClosed(&moved) == 0 && moved == k->next) << "moved to start at its gap";
   EXPECT_EQ(LiCloseKont(store.get(), k), PA_OK);
   EXPECT_EQ(Vertices(k), (Points{{0, 0}, {4, 0}, {4, 0}, {4, 3}, {4, 3}, {0, 3}, {0, 3}, {0, 0}}));
   EXPECT_EQ(k->next->ang_ep - k->next->ang_ap, 3) << "the new lines are expanded";
-  EXPECT_EQ(LiTestClosed(k), 1);
-  EXPECT_EQ(LiCheckClosed(&k), 1);
-  EXPECT_EQ(LiTestClosed(nullptr), 1);
+  EXPECT_TRUE(LiTestClosed(k) == 1 && LiCheckClosed(&k) == 1 && LiTestClosed(nullptr) == 1);
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
 }
 

@@ -1,10 +1,9 @@
 // Moving a contour's start, removing short elements, merging elements that continue one another.
 #include <cmath>
-#include <numbers>
 #include <tuple>
 #include <vector>
 
-#include "support/crossing_support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
@@ -29,13 +28,12 @@ TEST(KorrElem, AlongTheTangentOrOnTheCircle) {
   EXPECT_TRUE(k->next == arc && Vertices(k) == (Points{kBelow, {1, 0}, {1, 0}, {0, 1}}));
   EXPECT_EQ(LiKorrElem(store.get(), &alone, &end), PA_IMPOSSIBLE);
   ASSERT_EQ(LiKorrElem(store.get(), &alone, &bottom), PA_OK);
-  EXPECT_DOUBLE_EQ(alone->ang_ap, -std::numbers::pi / 2);
+  EXPECT_DOUBLE_EQ(alone->ang_ap, -kPi / 2);
   EXPECT_EQ(LiKorrElem(store.get(), nullptr, &end), PA_INVALID);
 }
 
-// A circle of radius 5 moved to start at its top: alone it stays a closed
-// full circle; followed by a line it ends where the line starts, three
-// quarters counter-clockwise or one clockwise.
+// A circle moved to start at its top stays full alone, and followed by a line ends where the
+// line starts: three quarters counter-clockwise or one clockwise.
 TEST(KorrElem, AFullCircleAloneStaysClosed) {
   Store store;
   const GE_POINT c{3, -2};
@@ -48,10 +46,10 @@ TEST(KorrElem, AFullCircleAloneStaysClosed) {
     LI_TAB_STRUCT *tailed = Chain(store.get(), {circle, Line(east, {c.x + 9, c.y})});
     ASSERT_EQ(LiKorrElem(store.get(), &alone, &top), PA_OK);
     EXPECT_TRUE(alone->ap == top && alone->ep == top && LiTestClosed(alone) == 1);
-    EXPECT_DOUBLE_EQ(LiElemLen(alone), 10 * std::numbers::pi);
+    EXPECT_DOUBLE_EQ(LiElemLen(alone), 10 * kPi);
     ASSERT_EQ(LiKorrElem(store.get(), &tailed, &top), PA_OK);
     EXPECT_TRUE(tailed->ap == top && tailed->ep == east);
-    EXPECT_DOUBLE_EQ(LiElemLen(tailed), (dir == 2 ? 2.5 : 7.5) * std::numbers::pi);
+    EXPECT_DOUBLE_EQ(LiElemLen(tailed), (dir == 2 ? 2.5 : 7.5) * kPi);
   }
 }
 
@@ -75,8 +73,7 @@ TEST(KorrKontAndRemShort, DeleteShortElementsAndRejoin) {
       Chain(store.get(), {Arc(a, b, {0, 0}, LI_ARC_CCW), Arc(b, c, {b.x - 10, b.y}, LI_ARC_CCW)});
   EXPECT_EQ(LiRemShort(store.get(), &arcs, 0, 0.01, 1), PA_OK);
   EXPECT_TRUE(arcs->type == LI_LINE && arcs->next->type == LI_ARC_CCW);
-  // A flattened arc is a line in every field, also where the joints are not
-  // recomputed: at the end of an open contour, or alone.
+  // A flattened arc is a line in every field, also where no joint is recomputed.
   const LI_TAB_STRUCT flat = Arc(b, a, {0, 0}, LI_ARC_CW), chord = Line(b, a);
   LI_TAB_STRUCT *last = Chain(store.get(), {Line({b.x, 5}, b), flat});
   LI_TAB_STRUCT *alone = Chain(store.get(), {flat, Line(a, {a.x, a.y - 1e-3})});
@@ -109,8 +106,8 @@ TEST(Crunch, MergesOnlyWhatContinuesAndThePayloadFollowsTheChooseFunction) {
   for (LI_TAB_STRUCT *k : {back, gap})
     EXPECT_TRUE(LiCrunch(store.get(), k) == PA_OK && LiCountElem(k) == 2);
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {three, back, gap}));
-  // The first keeps its payload unless the choose function picks the second;
-  // the mark stays only when both were marked.
+  // The payload is the first's unless the choose function picks the second; the mark stays
+  // only when both had it.
   for (const int chosen : {0, 1}) {
     EXPECT_EQ(LiKontSetChooseForCrunchCB(chosen ? second : nullptr), nullptr);
     LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}});
@@ -123,12 +120,11 @@ TEST(Crunch, MergesOnlyWhatContinuesAndThePayloadFollowsTheChooseFunction) {
   EXPECT_EQ(LiKontSetChooseForCrunchCB(nullptr), second);
 }
 
-// One element covers at most one turn of its circle: a full circle and a
-// quarter after it stay two (2 pi + pi / 2 long), two halves make a full
-// circle, two three-quarter arcs stay apart.
+// One element covers at most one turn: a full circle and a quarter stay two, two halves make a
+// full circle, two three-quarter arcs stay apart.
 TEST(Crunch, NoMergedArcCoversMoreThanOneTurn) {
   Store store;
-  const double pi = std::numbers::pi;
+  const double pi = kPi;
   const GE_POINT c{3, -2};
   for (const uint16_t type : {LI_ARC_CCW, LI_ARC_CW}) {
     SCOPED_TRACE(testing::Message() << "type " << type);

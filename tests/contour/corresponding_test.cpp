@@ -1,16 +1,15 @@
 // Corresponding contours: pairing by numbers, compatible pairs, blending at a fraction.
-#include <algorithm>
 #include <cmath>
 #include <tuple>
 
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
 
 using Numbers = std::vector<uint16_t>;
 
-LI_TAB_STRUCT *Numbered(LI_TAB_STRUCT *k, const Numbers &numbers) {
+LI_TAB_STRUCT *Renumbered(LI_TAB_STRUCT *k, const Numbers &numbers) {
   for (size_t i = 0; LI_TAB_STRUCT * e : Elements(k)) e->no = numbers.at(i++);
   return k;
 }
@@ -21,24 +20,13 @@ Numbers NumbersOf(LI_TAB_STRUCT *k) {
   return out;
 }
 
-// No element of the temporary end-marker type (98) is left.
-bool NoSentinel(LI_TAB_STRUCT *k) {
-  return std::ranges::none_of(Elements(k), [](auto *e) { return e->type == 98; });
-}
-
 bool ZeroLengthAt(const LI_TAB_STRUCT *e, GE_POINT at) {
   return e->type == LI_LINE && e->ap == at && e->ep == at;
 }
 
 // The square of half side h about the origin, numbered 1 to 4.
 LI_TAB_STRUCT *Square(LI_HEAD *head, double h) {
-  return Numbered(Polygon(head, {{-h, -h}, {h, -h}, {h, h}, {-h, h}}), {1, 2, 3, 4});
-}
-
-// Each contour lacks one number of the other.
-Live Alternating(LI_HEAD *head) {
-  return {Numbered(Polyline(head, {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}}), {1, 5, 2, 3}),
-          Numbered(Polyline(head, {{0, 1}, {1, 1}, {2, 1}, {3, 1}, {4, 1}}), {1, 2, 6, 3})};
+  return Numbered(Polygon(head, {{-h, -h}, {h, -h}, {h, h}, {-h, h}}));
 }
 
 TEST(CoCoExpKont, ZeroLengthPartnersGoInFrontOfTheNextPairedElement) {
@@ -54,13 +42,13 @@ TEST(CoCoExpKont, ZeroLengthPartnersGoInFrontOfTheNextPairedElement) {
 
   // Missing at the start: the partner becomes the start; missing at the end:
   // the partner sits at the contour's start point.
-  LI_TAB_STRUCT *k1 = Numbered(Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}, {3, 0}}), {1, 2, 3});
-  LI_TAB_STRUCT *k2 = Numbered(Polyline(store.get(), {{0, 5}, {1, 5}}), {2});
+  LI_TAB_STRUCT *k1 = Numbered(Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}, {3, 0}}));
+  LI_TAB_STRUCT *k2 = Renumbered(Polyline(store.get(), {{0, 5}, {1, 5}}), {2});
   ASSERT_EQ(LiCoCoExpKont(store.get(), &k1, &k2), PA_OK);
   EXPECT_EQ(NumbersOf(k2), (Numbers{1, 2, 3}));
   EXPECT_TRUE(ZeroLengthAt(k2, {0, 5}) && ZeroLengthAt(k2->prev, {0, 5}));
 
-  Numbered(k1, {7, 2, 3}), Numbered(k2, {5, 2, 3});
+  Renumbered(k1, {7, 2, 3}), Renumbered(k2, {5, 2, 3});
   EXPECT_EQ(LiCoCoExpKont(store.get(), &k1, &k2), PA_NOT_PAIRED) << "neither 7 nor 5 paired";
   EXPECT_EQ(LiCoCoExpKont(store.get(), nullptr, &k2), PA_INVALID);
   EXPECT_TRUE(NoSentinel(k1) && NoSentinel(k2));
@@ -79,7 +67,7 @@ TEST(CoCoFactKont, BlendsPairByPairAndNeedsEqualLengths) {
   }
   EXPECT_EQ(compatible, 1u);
 
-  LI_TAB_STRUCT *triangle = Numbered(Polygon(store.get(), {{-2, -2}, {2, -2}, {2, 2}}), {1, 2, 3});
+  LI_TAB_STRUCT *triangle = Numbered(Polygon(store.get(), {{-2, -2}, {2, -2}, {2, 2}}));
   EXPECT_EQ(LiCoCoFactKont(store.get(), triangle, inner, 0.5, &out, &compatible), PA_NOT_PAIRED);
   EXPECT_EQ(out, nullptr) << "nothing is handed out when the lengths differ";
   ASSERT_EQ(LiCoCoExpKont(store.get(), &triangle, &inner), PA_OK);
@@ -87,7 +75,7 @@ TEST(CoCoFactKont, BlendsPairByPairAndNeedsEqualLengths) {
   EXPECT_EQ(compatible, 0u) << "the diagonal does not run along the square's top";
   LI_TAB_STRUCT *none = nullptr, *arc = nullptr;
   EXPECT_EQ(LiCoCoFactKont(store.get(), inner, inner, 1.25, &none, &compatible), PA_INVALID);
-  Numbered(inner, {1, 2, 4, 3});
+  Renumbered(inner, {1, 2, 4, 3});
   EXPECT_EQ(LiCoCoFactKont(store.get(), triangle, inner, 0.5, &none, &compatible), PA_NOT_PAIRED);
 
   // Upper half circles of radius 1 and 3: halfway, the one of radius 2.

@@ -5,18 +5,16 @@
 #include <cstring>
 #include <tuple>
 
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
 
-constexpr double kPi = 3.141592653589793;
 const double kS = std::sqrt(2.0);
 const GE_POINT kUpper{-kS, kS}, kLower{-kS, -kS}, kO{0, 0};  // radius 2 at +-3pi/4
 
-// A zero-length line and an arc of radius below tol keep zero directions;
-// the arc still gets its box. |rad| == tol is not below tol. An element's
-// box is its real box pushed out by tol.
+// Degenerate elements keep zero directions (|rad| == tol is not degenerate); the box is the
+// real box pushed out by tol.
 TEST(DerivedFields, DirectionsTheirDegenerateCasesAndBoxes) {
   LI_TAB_STRUCT line = Line({1, 1}, {4, 5}), arc = Arc({0, 2}, {2, 0}, {0, 0}, LI_ARC_CW);
   EXPECT_TRUE(line.tan_ap == (GE_POINT{0.6, 0.8}) && line.mp == (GE_POINT{0.8, -0.6}));
@@ -73,10 +71,8 @@ TEST(Length, AgreesWithThePointsAlongTheElement) {
   EXPECT_DOUBLE_EQ(LiKontLen(Polygon(store.get(), {{0, 0}, {3, 0}, {3, 4}})), 12);
 }
 
-// The centre is on the left of a counter-clockwise arc and on the right of
-// a clockwise one; the result equals the element expanded afresh. The conic
-// offset moves a counter-clockwise quarter of radius 5 towards its centre by
-// 1 at the start, 2 in the middle and 3 at the end.
+// Side 1 is the left: the centre's side of a counter-clockwise arc. The conic offset moves a
+// quarter of radius 5 inwards by 1 at the start, 2 in the middle and 3 at the end.
 TEST(ParElemAndConicElem, LinesMoveSidewaysArcsChangeTheirRadiusEndsByTheirOwnDistances) {
   const size_t geometry = offsetof(LI_TAB_STRUCT, next) - offsetof(LI_TAB_STRUCT, ap);
   using Row = std::tuple<LI_TAB_STRUCT, int16_t, LI_TAB_STRUCT>;
@@ -99,9 +95,7 @@ TEST(ParElemAndConicElem, LinesMoveSidewaysArcsChangeTheirRadiusEndsByTheirOwnDi
   EXPECT_EQ(LiParElem(nullptr, 1, 1) + LiConicElem(nullptr, 1, 1, 1), 2 * PA_INVALID);
 }
 
-// Regression: the radius-10 quarter from -2.945243112740 rad, which the
-// three-point check once sent to its full-circle branch, stays itself
-// without an offset.
+// Regression: a quarter the three-point check once sent to its full-circle branch.
 TEST(ConicElem, ZeroDistancesLeaveTheArcAsItIs) {
   const double a = -2.945243112740;
   const GE_POINT c{0, 0}, ap{10 * std::cos(a), 10 * std::sin(a)},
@@ -111,8 +105,7 @@ TEST(ConicElem, ZeroDistancesLeaveTheArcAsItIs) {
   EXPECT_TRUE(e.mp == c && e.rad == 10 && e.ap == ap && e.ep == ep);
 }
 
-// A full circle of radius 5 stays one about its centre at the mean distance
-// when the distances agree within tol, and is refused and left alone else.
+// A full circle moves by the mean when both distances agree within tol, else it is refused.
 TEST(ConicElem, AFullCircleStaysOneOrIsRefused) {
   ToleranceScope tol(0.25);
   const GE_POINT c{3, -2};

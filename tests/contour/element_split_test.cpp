@@ -3,18 +3,15 @@
 #include <random>
 #include <tuple>
 
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-
 using Cut = uint16_t (*)(LI_HEAD *, LI_TAB_STRUCT *, LI_TAB_STRUCT **, const GE_POINT *);
 const Cut kCuts[] = {LiElemSplit, LiElemTeilen};
 
-// Split keeps the first piece and chains the new one after it, Teilen the
-// reverse. The cut on the line is exactly tol from ap: not within tol.
+// Split keeps the first piece and chains the new one after it, Teilen the reverse.
 TEST(Cut, PiecesMeetAtTheCutAndKeepTheLength) {
   ToleranceScope tol(0.5);
   Store store;
@@ -68,12 +65,9 @@ TEST(Cut, OnlyTeilenCorrectsTheRadius) {
   EXPECT_EQ(out->mp, arc.mp);
 }
 
-// The quarter of radius 5 from 0 to pi/2 (or back, clockwise) moved 7
-// towards its centre covers the lower left quarter of radius 2, and the full
-// circle of radius 1 moved 3 the circle of radius 2. The unit quarter moved
-// 2, cut at its middle: the piece through polar angle -5 pi / 6 keeps the
-// crossing with y = -0.5 there, the first counter-clockwise from pi, the
-// second clockwise from -pi / 2.
+// Moved past the centre: a quarter of radius 5 by 7 covers the opposite quarter of radius 2,
+// a unit circle by 3 the circle of radius 2; the unit quarter by 2, cut at its middle, keeps
+// its crossing with y = -0.5 (polar angle -5 pi / 6) in the right piece.
 TEST(PastTheCentre, PiecesKeepTheirCrossingsBoxesAndPositiveLengths) {
   Store store;
   const double h = std::sqrt(0.75), tol = GeEpsiGetTol();

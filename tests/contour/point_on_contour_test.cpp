@@ -2,12 +2,11 @@
 // element that carries a point and the pieces that meet at it; distances
 // from a point to a contour and between contours, and who wins a tie.
 #include <cmath>
-#include <numbers>
 #include <tuple>
 #include <utility>
 #include <vector>
 
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
@@ -152,7 +151,7 @@ TEST(ContourDistance, ThePointKeepsTheLaterElementThePairsTheEarlierPair) {
   EXPECT_TRUE(ea == half && fb == above && std::abs(fa.y - 1) < 1e-12);
   ASSERT_EQ(between(roof, half), PA_OK);
   EXPECT_TRUE(eb == half && fa == above && std::abs(fb.y - 1) < 1e-12);
-  EXPECT_DOUBLE_EQ(aux_b, std::numbers::pi / 2) << "the angle of the foot on the arc";
+  EXPECT_DOUBLE_EQ(aux_b, kPi / 2) << "the angle of the foot on the arc";
 
   EXPECT_EQ(LiPtKontDist(nullptr, &centre, &fa, &ea, &d, &aux_a), PA_INVALID);
   EXPECT_EQ(between(a, nullptr), PA_INVALID);

@@ -4,12 +4,10 @@
 #include <cmath>
 #include <tuple>
 
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
-
-constexpr double kPi = 3.141592653589793;
 
 const auto capacity = [](const GE_POINT3 *p) { return MemTestBlockBytes(p) / sizeof(GE_POINT3); };
 const auto off = [](GE_POINT3 p, double x, double y, double z) {

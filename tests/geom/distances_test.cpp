@@ -4,12 +4,10 @@
 #include <cmath>
 #include <tuple>
 
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
-
-constexpr double kPi = 3.141592653589793;
 
 using PointFn = uint16_t (*)(const GE_POINT *, const LI_TAB_STRUCT *, double *, GE_POINT *,
                              double *);

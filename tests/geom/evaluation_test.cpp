@@ -3,12 +3,10 @@
 #include <cmath>
 #include <tuple>
 
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
-
-constexpr double kPi = 3.141592653589793;
 
 TEST(PointOn, CodesSnappingAndOnElementBands) {
   EXPECT_EQ(GeEpsiGetTol(), 5e-05) << "the default";

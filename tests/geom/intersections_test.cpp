@@ -6,7 +6,7 @@
 #include <tuple>
 #include <vector>
 
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
@@ -72,7 +72,7 @@ TEST(Cross, SnapsToTheFirstElementsEndBeforeClassifyingOnTheSecond) {
   EXPECT_EQ(std::make_tuple(i.pos2, i.x), std::make_tuple(GE_AT_END, 1.0)) << "snapped again";
   EXPECT_EQ(GeCross(&a, &far, &i, &unused), 0) << "collinear lines are parallel";
   // Arcs whose circles cross at the first arc's end; and an arc of radius 0.
-  const LI_TAB_STRUCT c = Arc({1, 0}, at(kO, 1, 3.141592653589793 / 3), kO, LI_ARC_CCW);
+  const LI_TAB_STRUCT c = Arc({1, 0}, at(kO, 1, kPi / 3), kO, LI_ARC_CCW);
   const LI_TAB_STRUCT d = Arc({2, 0}, {0, 0}, {1, 0}, LI_ARC_CCW);  // upper half about (1, 0)
   const LI_TAB_STRUCT dot = Arc({1, 0}, {1, 0}, {1, 0}, LI_ARC_CCW);
   ASSERT_EQ(GeCross(&c, &d, &i, &unused), 2);
@@ -144,7 +144,7 @@ TEST(TouchingAndParallel, TangentBandsCurvaturesCollinearConcentricAndTheFixedCo
       {GeTestTang, x, Line({3, 0}, {5, 0}), 1},      // collinear, apart
       {GeElemTestParallel, x, rotated(0.00005), 2},  // dot 0.99999999875
       {GeElemTestParallel, x, rotated(0.001), 0},
-      {GeElemTestParallel, x, rotated(3.141592653589793 - 0.00005), 65535},
+      {GeElemTestParallel, x, rotated(kPi - 0.00005), 65535},
       {GeElemTestParallel, Arc({1, 0}, {0, -1}, kO, LI_ARC_CW), a4, 65535},  // concentric
       {GeElemTestParallel, a4, Arc({0, 3}, {-3, 0}, kO, LI_ARC_CCW), 2},
       {GeElemTestParallel, x, dot, 1},   // a degenerate line

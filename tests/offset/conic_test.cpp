@@ -1,7 +1,6 @@
 // The conic offset: distances that run from each element's start to its
 // end, and the joins between the offset elements.
 #include <cmath>
-#include <numbers>
 #include <vector>
 
 #include "polyarc/fl.h"
@@ -9,8 +8,6 @@
 
 namespace polyarc_test {
 namespace {
-
-constexpr uint16_t kLeft = 1, kRight = 65535;
 
 LI_TAB_STRUCT *Conic(LI_HEAD *head, LI_TAB_STRUCT *k, uint16_t side,
                      const std::vector<double> &dist, uint32_t closed) {
@@ -21,13 +18,11 @@ LI_TAB_STRUCT *Conic(LI_HEAD *head, LI_TAB_STRUCT *k, uint16_t side,
 
 TEST(Conic, TapersAlongLinesAndArcs) {
   Store store;
-  // A line offset by 1 at its start and 2 at its end: the line between
-  // the two offset points.
+  // A line offset by 1 at its start and 2 at its end.
   LI_TAB_STRUCT *line = Polyline(store.get(), {{0, 0}, {4, 0}});
   LI_TAB_STRUCT *l = Conic(store.get(), line, kLeft, {1, 2}, 0);
   EXPECT_EQ(Vertices(l), (Points{{0, 1}, {4, 2}}));
-  // A band tapering from 0.5 to 1 along a quarter of radius 4 stays an arc,
-  // from radius 4.5 to radius 5 through radius 4.75 half way.
+  // Tapering from 0.5 to 1 along a quarter of radius 4: an arc through 4.75 half way.
   LI_TAB_STRUCT *quarter = Chain(store.get(), {Arc({4, 0}, {0, 4}, {0, 0}, LI_ARC_CCW)});
   LI_TAB_STRUCT *a = Conic(store.get(), quarter, kRight, {0.5, 1}, 0);
   ASSERT_TRUE(a->next == a && a->type == LI_ARC_CCW);
@@ -35,8 +30,8 @@ TEST(Conic, TapersAlongLinesAndArcs) {
   EXPECT_NEAR(a->ap.x, 4.5, 1e-12);
   EXPECT_NEAR(a->ep.y, 5, 1e-12);
   EXPECT_NEAR(std::hypot(h - a->mp.x, h - a->mp.y), a->rad, 1e-12);
-  // Round a square, a constant distance gives the sharp offset; a taper
-  // along the bottom side trims its neighbours to the slanted offset.
+  // Round a square a constant distance gives the sharp offset; a taper along the bottom
+  // trims its neighbours to the slanted side.
   LI_TAB_STRUCT *sq = Polygon(store.get(), {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}});
   LI_TAB_STRUCT *s = Conic(store.get(), sq, kRight, std::vector<double>(8, 0.5), 1);
   EXPECT_NEAR(LiKontArea(s), 9, 1e-12);
@@ -44,8 +39,7 @@ TEST(Conic, TapersAlongLinesAndArcs) {
   const Points v = Vertices(in);
   EXPECT_TRUE(std::fabs(v[0].y + 0.75) < 1e-12 && std::fabs(v[1].y + 0.5) < 1e-12);
   EXPECT_NEAR(LiKontArea(in), 0.5 * 1.125, 1e-12) << "a trapezoid, 0.5 wide";
-  // Where an arc's offset starts away from a line's end a connecting line
-  // numbered 0 bridges them.
+  // Where an arc's offset starts away from a line's end a line numbered 0 bridges them.
   LI_TAB_STRUCT *hook =
       Chain(store.get(), {Line({0, 0}, {2, 0}), Arc({2, 0}, {3, 1}, {2, 1}, LI_ARC_CCW)});
   LI_TAB_STRUCT *h2 = Conic(store.get(), hook, kRight, {0.5, 0.5, 1, 1}, 0);

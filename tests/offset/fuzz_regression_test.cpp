@@ -1,13 +1,9 @@
 // Inputs that the offset fuzz target found, each pinned down as a test.
-#include <gtest/gtest.h>
-
 #include "polyarc/fl.h"
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 namespace {
-
-constexpr uint16_t kLeft = 1;
 
 // A closed offset that shrinks the contour to a point left one open line,
 // which FlParallClean handed back as the closed result.

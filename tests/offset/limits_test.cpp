@@ -1,7 +1,6 @@
 // Limits along a direction, the point of a given direction of travel, and
 // the outline of a chain turned about a centre.
 #include <cmath>
-#include <numbers>
 
 #include "polyarc/fl.h"
 #include "support/offset_support.h"
@@ -9,24 +8,16 @@
 namespace polyarc_test {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
-// The counter-clockwise unit square from the origin, numbered 1 to 4 from
-// its bottom side.
+// The counter-clockwise unit square from the origin, numbered from its bottom side.
 LI_TAB_STRUCT *UnitSquare(LI_HEAD *head) {
-  LI_TAB_STRUCT *k = Polygon(head, {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
-  uint16_t no = 0;
-  LiNumKont(k, &no);
-  return k;
+  return Numbered(Polygon(head, {{0, 0}, {1, 0}, {1, 1}, {0, 1}}));
 }
 
 // A counter-clockwise circle of radius 2 about (2, 1), numbered 9.
 LI_TAB_STRUCT *Circle(LI_HEAD *head) {
-  LI_TAB_STRUCT c{};
-  const GE_POINT centre{2, 1};
-  EXPECT_EQ(LiCreateCircle(&centre, 2, 1, &c), PA_OK);
-  c.no = 9;
-  return Chain(head, {c});
+  LI_TAB_STRUCT *k = FullCircle(head, {2, 1}, 2, 1);
+  k->no = 9;
+  return k;
 }
 
 TEST(KontLim, ExtremesAlongADirection) {
@@ -42,9 +33,8 @@ TEST(KontLim, ExtremesAlongADirection) {
   ASSERT_EQ(FlKontLim(circle, &d, &lo, &hi, &lo_no, &hi_no), PA_OK);
   EXPECT_TRUE(std::fabs(lo.x - 0.8) + std::fabs(lo.y - 2.6) < 1e-12 && lo_no == 9);
   EXPECT_TRUE(std::fabs(hi.x - 3.2) + std::fabs(hi.y + 0.6) < 1e-12 && hi_no == 9);
-  // An arc's extreme counts only inside its range, and an open contour's
-  // start is never examined: along (-1, -1) the quarter from (1, 0) to
-  // (0, 1) has its minimum half way and its maximum at its end.
+  // An arc's extreme counts only inside its range, an open start never: along (-1, -1) the
+  // quarter from (1, 0) to (0, 1) has its minimum half way and its maximum at its end.
   LI_TAB_STRUCT *quarter = Chain(store.get(), {Arc({1, 0}, {0, 1}, {0, 0}, LI_ARC_CCW)});
   const GE_POINT back{-std::numbers::sqrt2 / 2, -std::numbers::sqrt2 / 2};
   ASSERT_EQ(FlKontLim(quarter, &back, &lo, &hi, &lo_no, &hi_no), PA_OK);
@@ -62,9 +52,8 @@ TEST(RotStart, PointOfAGivenDirectionOfTravel) {
   // A counter-clockwise circle runs along theta = 0 at its bottom.
   ASSERT_EQ(FlRotStart(circle, 0, 0, &no, &pt), PA_OK);
   EXPECT_TRUE(no == 9 && std::fabs(pt.x - 2) + std::fabs(pt.y + 1) < 1e-12);
-  // The square: a corner that turns through the direction. A side's own
-  // direction matches its start, but the corner after the side turns from
-  // it too, and the last match along the chain wins.
+  // The square: a corner turning through the direction; a side's own direction matches its
+  // start and the corner after it, and the last match along the chain wins.
   const struct {
     double angle;
     uint16_t no;
@@ -83,9 +72,8 @@ TEST(RotStart, PointOfAGivenDirectionOfTravel) {
 TEST(RotLim, OutlineOfATurnedChainAndTheGuard) {
   Store store;
   LI_TAB_STRUCT *square = UnitSquare(store.get());
-  // Turned counter-clockwise about (0, 1) from ref (0, 0) through half a
-  // turn: the bottom side, a quarter about (1, 1), the right side moved out
-  // by 1, a quarter about (1, 2) up to the limit direction (0, 1).
+  // Turned half a turn about (0, 1) from ref (0, 0): the bottom side, a quarter about (1, 1),
+  // the right side moved out by 1, a quarter about (1, 2) up to the limit direction (0, 1).
   const GE_POINT centre{0, 1}, ref{0, 0}, side{1, 1};
   LI_TAB_STRUCT *out = nullptr;
   uint16_t last = 0;
@@ -93,8 +81,7 @@ TEST(RotLim, OutlineOfATurnedChainAndTheGuard) {
   EXPECT_EQ(Vertices(out),
             (Points{{0, 0}, {1, 0}, {1, 0}, {2, 1}, {2, 1}, {2, 2}, {2, 2}, {1, 3}}));
   EXPECT_TRUE(out->next->type == LI_ARC_CCW && out->next->mp == (GE_POINT{1, 1}) && last == 3);
-  // A line's normal turns once at most: after a pass without a turn the
-  // walk gives up instead of running for ever.
+  // A line's normal turns once at most: after a pass without a turn the walk gives up.
   LI_TAB_STRUCT *line = Polyline(store.get(), {{0, 0}, {1, 0}}), *none = nullptr;
   EXPECT_EQ(FlRotLim(store.get(), line, &centre, &ref, kPi, 0, 0, &none, &last), PA_IMPOSSIBLE);
   EXPECT_EQ(FlRotLim(store.get(), line, &centre, &side, 1.9 * kPi, 0, 0, &none, &last),

@@ -11,8 +11,6 @@
 namespace polyarc_test {
 namespace {
 
-constexpr uint16_t kLeft = 1, kRight = 65535;
-
 LI_TAB_STRUCT *Clean(LI_HEAD *head, LI_TAB_STRUCT *k, uint16_t side, double d, uint16_t mode) {
   uint16_t counter = 1000;
   LI_TAB_STRUCT *out = nullptr;
@@ -27,24 +25,11 @@ LI_TAB_STRUCT *ConicClean(LI_HEAD *head, LI_TAB_STRUCT *k, uint16_t side, double
   return out;
 }
 
-// Two 4 x 4 rooms joined by a corridor 1 wide, counter-clockwise, numbered
-// from 1 along the bottom of the left room.
+// Two 4 x 4 rooms joined by a corridor 1 wide, counter-clockwise, numbered from 1 along the
+// bottom of the left room.
 LI_TAB_STRUCT *Dumbbell(LI_HEAD *head) {
-  LI_TAB_STRUCT *k = Polygon(head, {{0, 0},
-                                    {4, 0},
-                                    {4, 1.5},
-                                    {6, 1.5},
-                                    {6, 0},
-                                    {10, 0},
-                                    {10, 4},
-                                    {6, 4},
-                                    {6, 2.5},
-                                    {4, 2.5},
-                                    {4, 4},
-                                    {0, 4}});
-  uint16_t no = 0;
-  LiNumKont(k, &no);
-  return k;
+  return Numbered(Ring(
+      head, {0, 0, 4, 0, 4, 1.5, 6, 1.5, 6, 0, 10, 0, 10, 4, 6, 4, 6, 2.5, 4, 2.5, 4, 4, 0, 4}));
 }
 
 TEST(ParallClean, WhatIsKeptAndWhereItStarts) {
@@ -66,9 +51,8 @@ TEST(ParallClean, WhatIsKeptAndWhereItStarts) {
   LI_TAB_STRUCT *round_out = Clean(store.get(), db, kRight, 0.75, FL_CORNER_ROUND);
   EXPECT_TRUE(Winding(round_in, {3.35, 2}) == 1 && round_out->no == 1);
   EXPECT_LT(OffsetDeviation(round_in, db, 0.75) + OffsetDeviation(round_out, db, 0.75), 1e-12);
-  // An open path (a line, a quarter of radius 1 turning left, a line)
-  // offset 1.5 to its left: the arc passes its centre, and the loop it
-  // makes is cut off.
+  // A line, a quarter of radius 1 turning left, a line, offset 1.5 left: the arc passes its
+  // centre and the loop it makes is cut off.
   LI_TAB_STRUCT *hook =
       Chain(store.get(),
             {Line({0, 0}, {2, 0}), Arc({2, 0}, {3, 1}, {2, 1}, LI_ARC_CCW), Line({3, 1}, {3, 3})});
@@ -81,12 +65,8 @@ TEST(ParallClean, WhatIsKeptAndWhereItStarts) {
 TEST(ParallClean, TooDeepInwardsLeavesNothing) {
   Store store;
   LI_TAB_STRUCT *square = Polygon(store.get(), {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}});
-  LI_TAB_STRUCT circle{};
-  const GE_POINT centre{0, 0};
-  ASSERT_EQ(LiCreateCircle(&centre, 1, 1, &circle), PA_OK);
-  LI_TAB_STRUCT *c = Chain(store.get(), {circle});
-  // Status 0 and no contour: a square turned round, a circle past its
-  // centre.
+  LI_TAB_STRUCT *c = FullCircle(store.get(), {0, 0}, 1, 1);
+  // Status 0 and no contour: a square turned round, a circle past its centre.
   for (const uint16_t mode : {FL_CORNER_SHARP, FL_CORNER_ROUND}) {
     EXPECT_EQ(Clean(store.get(), square, kLeft, 1.5, mode), nullptr);
     EXPECT_EQ(Clean(store.get(), square, kLeft, 3, mode), nullptr);
@@ -97,10 +77,8 @@ TEST(ParallClean, TooDeepInwardsLeavesNothing) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {square, c, half}));
 }
 
-// Random stars of lines and arcs offset both ways with round corners: the
-// result lies at the distance, does not cross itself and lies on the
-// offset side. Crossings are snapped to element ends within the
-// tolerance, so the distance holds to it; with 1e-9 it holds to round-off.
+// Random stars offset both ways with round corners lie at the distance, on the offset side,
+// without crossing themselves; crossings snap to ends within tol, so the distance holds to it.
 void ExpectStarsAtTheDistance(double tol, double bound) {
   ToleranceScope scope(tol);
   Store store;
@@ -132,10 +110,8 @@ TEST(ParallClean, RandomStarsLieAtTheDistance) {
   ExpectStarsAtTheDistance(1e-9, 1e-13);
 }
 
-// The dumbbell's clean offset inwards with `spare` records left and the
-// failure armed: a failing run reports running out and leaves no result
-// (scratch arrays of the crossing code fall back to plain scans, so a
-// failure may also leave a whole result); no run loses a record.
+// The dumbbell inwards with `spare` records left and the failure armed: a failing run leaves
+// no result (or, where scratch arrays fall back to plain scans, a whole one) and no record lost.
 void RunOutOfMemory(InjectedFailure &failure, size_t spare) {
   Store store;
   LI_TAB_STRUCT *db = Dumbbell(store.get());

@@ -1,7 +1,6 @@
 // The parallel offset: corner modes, sides, copies, areas known by hand,
 // distances checked sample by sample, the connector.
 #include <cmath>
-#include <numbers>
 
 #include "polyarc/fl.h"
 #include "support/offset_support.h"
@@ -9,16 +8,9 @@
 namespace polyarc_test {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-constexpr uint16_t kLeft = 1, kRight = 65535;
-
-// The counter-clockwise square of side 2 about the origin, numbered 1 to 4
-// from its bottom side.
+// The counter-clockwise square of side 2 about the origin, numbered from its bottom side.
 LI_TAB_STRUCT *Square(LI_HEAD *head) {
-  LI_TAB_STRUCT *k = Polygon(head, {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}});
-  uint16_t no = 0;
-  LiNumKont(k, &no);
-  return k;
+  return Numbered(Polygon(head, {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}}));
 }
 
 LI_TAB_STRUCT *Offset(LI_HEAD *head, LI_TAB_STRUCT *k, uint16_t side, double d, uint16_t mode,
@@ -41,8 +33,7 @@ TEST(Parallel, SquareInEveryCornerMode) {
   LI_TAB_STRUCT *sharp = Offset(store.get(), sq, kRight, 0.5, FL_CORNER_SHARP);
   EXPECT_EQ(Vertices(sharp), SquareOfSide(3));
   EXPECT_TRUE(sharp->no == 1 && sharp->prev->no == 4);
-  // Round: quarter arcs of radius d about the corners, numbered 101..104
-  // by the counter; area A + P d + pi d^2, every point at d.
+  // Round: quarter arcs of radius d about the corners, numbered 101..104 by the counter.
   LI_TAB_STRUCT *round = Offset(store.get(), sq, kRight, 0.5, FL_CORNER_ROUND);
   const std::vector<LI_TAB_STRUCT *> e = Elements(round);
   ASSERT_EQ(e.size(), 8u);
@@ -59,9 +50,8 @@ TEST(Parallel, SquareInEveryCornerMode) {
   EXPECT_TRUE(Count(gap, LI_LINE) == 4 && Vertices(gap)[1] == (GE_POINT{1, -1.5}));
   LI_TAB_STRUCT *moves = Offset(store.get(), sq, kRight, 0.5, 1);
   EXPECT_EQ(Count(moves, LI_MOVE), 4);
-  // Inwards the corners are trimmed in every mode: a square of side
-  // s - 2d; a negative distance goes the other way; per element each side
-  // by its own attr_val.
+  // Inwards: side s - 2d; a negative distance goes the other way; per element each side by
+  // its own attr_val.
   LI_TAB_STRUCT *in = Offset(store.get(), sq, kLeft, 0.25, FL_CORNER_ROUND);
   EXPECT_EQ(Vertices(in), SquareOfSide(1.5));
   LI_TAB_STRUCT *neg = Offset(store.get(), sq, kLeft, -0.5, FL_CORNER_SHARP);
@@ -85,15 +75,11 @@ TEST(Parallel, CopiesLinesCirclesAndOpenPaths) {
   LI_TAB_STRUCT *par = Offset(store.get(), line, kLeft, 1, FL_CORNER_ROUND, 0);
   EXPECT_EQ(Vertices(par), (Points{{0, 1}, {4, 1}}));
   // A circle of radius 2 (clockwise: outwards is left): radius 2 -+ 0.5.
-  LI_TAB_STRUCT circle{};
-  const GE_POINT centre{0, 0};
-  ASSERT_EQ(LiCreateCircle(&centre, 2, 2, &circle), PA_OK);
-  LI_TAB_STRUCT *cw = Chain(store.get(), {circle});
+  LI_TAB_STRUCT *cw = FullCircle(store.get(), {0, 0}, 2, 2);
   LI_TAB_STRUCT *grown = Offset(store.get(), cw, kLeft, 0.5, FL_CORNER_ROUND);
   LI_TAB_STRUCT *shrunk = Offset(store.get(), cw, kRight, 0.5, FL_CORNER_ROUND);
   EXPECT_TRUE(grown->next == grown && grown->rad == 2.5 && shrunk->rad == 1.5);
-  // An open path of a line, a quarter arc turning left and a line, to both
-  // sides: tangent joints need no connector; the arc shrinks or grows.
+  // A line, a quarter turning left, a line: tangent joints need no connector.
   LI_TAB_STRUCT *hook =
       Chain(store.get(),
             {Line({0, 0}, {2, 0}), Arc({2, 0}, {3, 1}, {2, 1}, LI_ARC_CCW), Line({3, 1}, {3, 3})});
@@ -111,9 +97,8 @@ TEST(Parallel, CopiesLinesCirclesAndOpenPaths) {
       store.head(), {sq, c1, c2, line, par, cw, grown, shrunk, hook, left, right, spike, cap}));
 }
 
-// A 3-4-5 triangle (area 6, perimeter 12) offset outwards with round
-// corners; and a line followed by an arc turning right whose offsets to the
-// left never cross: the mode decides that corner.
+// A 3-4-5 triangle (area 6, perimeter 12) rounded outwards; a line and an arc turning right
+// whose left offsets never cross: the mode decides that corner.
 TEST(Parallel, AreasAndCornersThatDoNotCross) {
   Store store;
   LI_TAB_STRUCT *tri = Polygon(store.get(), {{0, 0}, {4, 0}, {4, 3}});

@@ -1,15 +1,12 @@
 // The rectangle offset: corners per direction, moved elements, axis cuts,
 // bridges, open ends, and a circle run through all the steps.
 #include <cmath>
-#include <numbers>
 
 #include "polyarc/fl.h"
 #include "support/offset_support.h"
 
 namespace polyarc_test {
 namespace {
-
-constexpr uint16_t kLeft = 1, kRight = 65535;
 
 TEST(OffsVk, CornerPerDirectionSideAndEnd) {
   const double s = std::numbers::sqrt2 / 2;
@@ -42,16 +39,14 @@ TEST(OffsElem, LinesLengthenArcsTranslate) {
   ASSERT_EQ(FlOffsElem(&line, 1, 2, kLeft), PA_OK);
   EXPECT_TRUE(line.ap == (GE_POINT{-1, 2}) && line.ep == (GE_POINT{6, 2}));
   EXPECT_EQ(line.ang_ep - line.ang_ap, 7);
-  // A counter-clockwise quarter moves by (dx, dy) outwards, (-dx, -dy)
-  // towards its centre, its radius kept.
+  // A counter-clockwise quarter moves by (dx, dy) outwards, by (-dx, -dy) inwards.
   for (const auto &[side, shift] :
        {std::pair<uint16_t, GE_POINT>{kRight, {1, 2}}, {kLeft, {-1, -2}}}) {
     LI_TAB_STRUCT arc = Arc({3, 0}, {0, 3}, {0, 0}, LI_ARC_CCW);
     ASSERT_EQ(FlOffsElem(&arc, 1, 2, side), PA_OK);
     EXPECT_TRUE(arc.mp == shift && arc.rad == 3 && arc.ap == (GE_POINT{3 + shift.x, shift.y}));
   }
-  // A half arc turns through two quadrants: refused and left as it was,
-  // until it is cut at its top.
+  // A half arc spans two quadrants: refused and left alone until cut at its top.
   Store store;
   LI_TAB_STRUCT *half = Chain(store.get(), {Arc({3, 0}, {-3, 0}, {0, 0}, LI_ARC_CCW)});
   const GE_POINT ap = half->ap;
@@ -70,8 +65,8 @@ LI_TAB_STRUCT *Gap(LI_HEAD *head, GE_POINT to) {
 
 TEST(OffsKon, BridgesGapsOfTheRectangleWidth) {
   Store store;
-  // A gap of (2 dx, 2 dy): two legs with e1's number, vertical first on the
-  // left when both components have one sign, horizontal first on the right.
+  // A gap of (2 dx, 2 dy): two legs with e1's number, vertical first on the left (both
+  // components of one sign), horizontal first on the right.
   LI_TAB_STRUCT *l = Gap(store.get(), {2, 4}), *r = Gap(store.get(), {2, 4});
   l->no = 5;
   ASSERT_EQ(FlOffsKon(store.get(), l, l->next, 1, 2, kLeft), PA_OK);
@@ -118,10 +113,7 @@ TEST(OffAnf, CarriesOpenEndsOutNeverIn) {
 TEST(RectangleOffset, CircleBecomesARoundedRectangle) {
   Store store;
   const double r = 2, dx = 1, dy = 0.5;
-  LI_TAB_STRUCT circle{};
-  const GE_POINT centre{0, 0};
-  ASSERT_EQ(LiCreateCircle(&centre, r, 1, &circle), PA_OK);
-  LI_TAB_STRUCT *k = Chain(store.get(), {circle});
+  LI_TAB_STRUCT *k = FullCircle(store.get(), {0, 0}, r, 1);
   for (const auto &[yf, xf] : {std::pair<int16_t, int16_t>{1, 0}, {0, 1}, {-1, 0}, {0, -1}})
     ASSERT_EQ(FlOffsSplit(store.get(), &k, yf, xf), PA_OK);
   const std::vector<LI_TAB_STRUCT *> q = Elements(k);
@@ -130,8 +122,7 @@ TEST(RectangleOffset, CircleBecomesARoundedRectangle) {
   for (size_t i = 0; i < 4; ++i)
     ASSERT_EQ(FlOffsKon(store.get(), q[i], q[(i + 1) % 4], dx, dy, kRight), PA_OK);
   EXPECT_EQ(Count(k, LI_LINE), 4);
-  EXPECT_NEAR(LiKontArea(k), 2 * dx * 2 * dy + 2 * r * (2 * dx + 2 * dy) + std::numbers::pi * r * r,
-              1e-9);
+  EXPECT_NEAR(LiKontArea(k), 2 * dx * 2 * dy + 2 * r * (2 * dx + 2 * dy) + kPi * r * r, 1e-9);
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {k}));
 }
 

@@ -1,12 +1,8 @@
-// The offsets of whole regions: areas known by hand (squares, a dumbbell, a
-// room whose door an outward offset shuts, a saw-tooth rim, a bump and a
-// bite tighter than the distance), offsets that vanish, what is refused,
-// jagged and arc-laden rims checked point by point, and running out of
-// memory.
+// Offsets of whole regions: areas known by hand, offsets that vanish, what is refused, rims
+// checked point by point, and running out of memory.
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <numbers>
 #include <random>
 #include <string>
 #include <utility>
@@ -17,9 +13,6 @@
 
 namespace polyarc_test {
 namespace {
-
-constexpr uint16_t kLeft = 1, kRight = 65535;
-constexpr double kPi = std::numbers::pi;
 
 struct Region {
   uint16_t status = PA_OK;
@@ -38,14 +31,6 @@ Region Offset(LI_HEAD *head, LI_TAB_STRUCT *k, uint16_t side, double d, uint16_t
   return r;
 }
 
-// The closed polygon through the points x0, y0, x1, y1, ...
-LI_TAB_STRUCT *Ring(LI_HEAD *head, const std::vector<double> &xy) {
-  std::vector<LI_TAB_STRUCT> lines;
-  for (size_t i = 0, n = xy.size(); i < n; i += 2)
-    lines.push_back(Line({xy[i], xy[i + 1]}, {xy[(i + 2) % n], xy[(i + 3) % n]}));
-  return Chain(head, lines);
-}
-
 // Ten teeth 1 wide and 1 high along the bottom of a box 10 high.
 LI_TAB_STRUCT *SawTooth(LI_HEAD *head) {
   std::vector<double> xy;
@@ -54,9 +39,7 @@ LI_TAB_STRUCT *SawTooth(LI_HEAD *head) {
   return Ring(head, xy);
 }
 
-// Inside x in [3, 7], y up to 7, above arcs of radius 3 about the tips
-// (i + 0.5, 1): 24 less eight times the integral of sqrt(9 - u^2) over
-// [0, 0.5].
+// Inside x in [3, 7], y up to 7, above arcs of radius 3 about the tips (i + 0.5, 1).
 const double kSawToothIn = 24 - 2 * std::sqrt(8.75) - 36 * std::asin(1.0 / 6);
 
 // A 20 x 20 box whose bottom has a half circle of radius 1 about (10, 0):
@@ -133,10 +116,7 @@ TEST(ParallelRegion, AreasKnownByHand) {
 TEST(ParallelRegion, VanishingOffsetsGiveNoLoop) {
   Store store;
   LI_TAB_STRUCT *square = Ring(store.get(), {-1, -1, 1, -1, 1, 1, -1, 1});
-  LI_TAB_STRUCT circle{};
-  const GE_POINT centre{0, 0};
-  ASSERT_EQ(LiCreateCircle(&centre, 1, 1, &circle), PA_OK);
-  LI_TAB_STRUCT *c = Chain(store.get(), {circle});
+  LI_TAB_STRUCT *c = FullCircle(store.get(), {0, 0}, 1, 1);
   // A 3-4-5 triangle offset by its inradius shrinks to a point.
   LI_TAB_STRUCT *triangle = Ring(store.get(), {0, 0, 4, 0, 0, 3});
   for (const uint16_t mode : {FL_CORNER_SHARP, FL_CORNER_ROUND}) {
@@ -173,10 +153,8 @@ TEST(ParallelRegion, RefusesWhatBoundsNoRegion) {
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {square, open, flat}));
 }
 
-// A star of 100 vertices about 1 apart on a rim with five lobes and radial
-// noise: 1, a jagged rim like the benchmark's; or 0.01, a smooth one whose
-// every fourth edge is an arc of sagitta 0.2 of its chord (radius about
-// 0.7) bulging out and in by turns.
+// 100 vertices about 1 apart on a five-lobed rim: jagged (noise 1), or smooth with every fourth
+// edge an arc of sagitta 0.2 of its chord, bulging out and in by turns.
 LI_TAB_STRUCT *Star(LI_HEAD *head, bool arcs) {
   constexpr int n = 100;
   std::mt19937 rng(7);
@@ -203,10 +181,8 @@ LI_TAB_STRUCT *Star(LI_HEAD *head, bool arcs) {
   return Chain(head, elements);
 }
 
-// On a grid over the source: a point of the offset region (inside the
-// source and farther than d from it; outward, inside or nearer than d)
-// lies inside the loops kept once more than inside their holes, every
-// other point as often. Points within 0.01 of the distance are skipped.
+// On a grid over the source, the loops' winding is 1 on the offset region and 0 elsewhere;
+// points within 0.01 of the distance are skipped.
 void ExpectRegionPointByPoint(LI_TAB_STRUCT *k, const std::vector<LI_TAB_STRUCT *> &loops, double d,
                               bool outward) {
   GE_POINT lo{0, 0}, hi{0, 0};
@@ -251,12 +227,8 @@ TEST(ParallelRegion, RimsKeepOnlyLoopsAtTheDistance) {
 }
 
 TEST(ParallelRegion, FailsCleanlyWhenMemoryRunsOut) {
-  // The saw-tooth inwards with every allocation of the memory service
-  // failing in turn, the store starting with a few free records or none,
-  // so that it runs out at different records. A failing run reports it and
-  // returns nothing (scratch arrays of the crossing code fall back to
-  // plain scans, so a failure may also leave the whole result); no run
-  // loses a record or changes the source.
+  // Every allocation failing in turn, with a few spare records or none. Scratch arrays fall
+  // back to plain scans, so a failure may also leave the whole result.
   for (const size_t spare : {size_t{0}, size_t{5}, size_t{40}, size_t{150}}) {
     const unsigned long runs = ForEachAllocationFailure([&](InjectedFailure &failure) {
       Store store;

@@ -19,13 +19,12 @@ TEST(PointInKont, UnitSquaresCirclesDShapesLoopsAndMoves) {
   ASSERT_EQ(LiCreateCircle(&loop_centre, 0.25, 0, &loop), PA_OK);  // from (1.5, 0)
   LI_TAB_STRUCT *ccw_sq = Polygon(store.get(), {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
   LI_TAB_STRUCT *cw_sq = Polygon(store.get(), {{0, 0}, {0, 1}, {1, 1}, {1, 0}});
-  // The half circle through (1, 0) closed by its diameter; the same with a
-  // negative radius, which counts as its chord.
+  // The half circle through (1, 0) closed by its diameter; with a negative radius, its chord.
   LI_TAB_STRUCT *d = Chain(store.get(), {Line(bottom, top), Arc(top, bottom, o, LI_ARC_CW)});
   LI_TAB_STRUCT *d_neg = Chain(store.get(), {Line(bottom, top), Arc(top, bottom, o, LI_ARC_CW)});
   d_neg->next->rad = -1;
-  // The unit square with a loop round (1.25, 0) hung on the spur to
-  // (1.5, 0): a full circle inside a longer contour is skipped on purpose.
+  // The unit square with a loop about (1.25, 0) on a spur: a full circle inside a longer
+  // contour is skipped on purpose.
   LI_TAB_STRUCT *looped =
       Chain(store.get(), {Line({0, 0}, {1.5, 0}), loop, Line({1.5, 0}, {1, 0}),
                           Line({1, 0}, {1, 1}), Line({1, 1}, {0, 1}), Line({0, 1}, {0, 0})});
@@ -59,8 +58,7 @@ TEST(KontInKont, ByVerticesAndExactly) {
   LI_TAB_STRUCT *small = Polygon(store.get(), {{1, 1}, {2, 1}, {2, 2}, {1, 2}});
   LI_TAB_STRUCT *open_out = Polyline(store.get(), {{1, 1}, {2, 1}, {5, 1}});
   LI_TAB_STRUCT *on_edge = Polygon(store.get(), {{0, 0}, {4, 0}, {2, 2}});
-  EXPECT_EQ(LiKontInKont(small, big) + LiKontInKont(big, big), 2);
-  EXPECT_EQ(LiKontInKont(big, small), 0);
+  EXPECT_EQ(LiKontInKont(small, big) + LiKontInKont(big, big) - LiKontInKont(big, small), 2);
   EXPECT_EQ(LiKontInKont(open_out, big), 0) << "the open end (5, 1) is outside";
   EXPECT_EQ(LiKontInKont(on_edge, big), 1) << "vertices on the outer contour count";
   // A C open to the right: the notch is 1 < x < 4, 1 < y < 3.
@@ -69,8 +67,7 @@ TEST(KontInKont, ByVerticesAndExactly) {
   LI_TAB_STRUCT *across = Polygon(store.get(), {{0.5, 0.5}, {3.5, 0.5}, {3.5, 3.5}, {0.5, 3.5}});
   EXPECT_EQ(LiKontInKont(across, c), 1);
   EXPECT_EQ(ExactIn(across, c), 0) << "its right edge crosses the notch";
-  // Lines round (1, 1), (3, 1), (3, 3), (1, 3) with a counter-clockwise arc
-  // from (3, 1) to (3, 3): about (3.5, 2) it bulges out to x = 4.62,
+  // The square (1, 1) (3, 3) with its right side an arc: about (3.5, 2) it bulges to x = 4.62,
   // about (2.5, 2) only to x = 3.62.
   for (const double cx : {3.5, 2.5}) {
     LI_TAB_STRUCT *d =
@@ -84,12 +81,10 @@ TEST(KontInKont, ByVerticesAndExactly) {
   EXPECT_EQ(LiKontExactInKont(big, big, nullptr, nullptr, nullptr, nullptr), 0);
 }
 
-// A contour holding only the point p, for asking the contour tests about
-// one point.
+// A contour holding only the point p.
 LI_TAB_STRUCT *OnePoint(LI_HEAD *head, GE_POINT p) { return Chain(head, {Move(p, p)}); }
 
-// Points at and round the outer contour, at distances of 0 to 50
-// tolerances, and points anywhere in its box.
+// Points at 0 to 50 tolerances from the contour, and anywhere in its box.
 std::vector<GE_POINT> Probes(Shapes &s, LI_TAB_STRUCT *k, int count) {
   const auto e = Elements(k);
   const double tol = GeEpsiGetTol();
@@ -111,9 +106,8 @@ std::vector<GE_POINT> Probes(Shapes &s, LI_TAB_STRUCT *k, int count) {
   return p;
 }
 
-// After a random element: a drift of sub-tolerance lines that leaves a gap
-// to the next element, and a full circle hung on a vertex; the walk skips
-// both.
+// After a random element, a drift of sub-tolerance lines leaving a gap and a full circle hung
+// on the vertex: the walk skips both.
 void AddSkippedElements(Shapes &s, std::vector<LI_TAB_STRUCT> &e) {
   const double tol = GeEpsiGetTol();
   const size_t j = size_t(s.Int(0, int(e.size()) - 2));
@@ -165,11 +159,8 @@ TEST(Containment, ContourTestsAgreeWithThePointWalkNearAndFar) {
 }
 
 TEST(Containment, AGapWidensWhatCountsAsNear) {
-  // Regression: after the bottom edge the walk runs on along 40 steps of
-  // 7/8 tol (joining its straight run) to (10.546875, 0) and takes its
-  // chord to the right edge's end (10, 10) from there. A point on that
-  // chord, 30 tolerances right of the square, is on the contour for the
-  // walk: the contour test must walk it too.
+  // Regression: the walk runs on along 40 steps of 7/8 tol to (10.546875, 0) and takes its
+  // chord to (10, 10) from there; a point on that chord is on the contour for both tests.
   ToleranceScope tol(1.0 / 64);
   Store store;
   std::vector<LI_TAB_STRUCT> e{Line({0, 0}, {10, 0})};
@@ -184,10 +175,8 @@ TEST(Containment, AGapWidensWhatCountsAsNear) {
 }
 
 TEST(Containment, ASkippedEndLeavesAGapToCloseTheChords) {
-  // The square's left edge stops at (0, 35/64) and 40 lines of 7/8 tol
-  // run on down to the start (0, 0); the walk skips them all. Seen from
-  // (-5, 0.25) the chords end above the start: the contour tests must close
-  // them, or that point would count as inside.
+  // The left edge stops at (0, 35/64) and 40 skipped lines of 7/8 tol run down to the start:
+  // the contour tests must close the chords, or (-5, 0.25) would count as inside.
   ToleranceScope tol(1.0 / 64);
   Store store;
   std::vector<LI_TAB_STRUCT> e{Line({0, 0}, {10, 0}), Line({10, 0}, {10, 10}),
@@ -215,9 +204,7 @@ TEST(Containment, WithoutMemoryTheContourTestsStillAnswer) {
     const int in_vertices = LiKontInKont(inner, outer);
     const int out_vertices = LiKontInKont(outer, inner);
     failure.Disarm();
-    EXPECT_EQ(in_vertices, 1);
-    EXPECT_EQ(out_vertices, 0);
-    EXPECT_EQ(MemTestLiveBlocks(), blocks);
+    EXPECT_TRUE(in_vertices == 1 && out_vertices == 0 && MemTestLiveBlocks() == blocks);
   });
   EXPECT_GT(failing, 3u);
 }

@@ -9,11 +9,9 @@ TEST(Queries, MembershipCountsAndOrder) {
   LI_TAB_STRUCT *k = Polyline(store.get(), {{0, 0}, {1, 0}, {2, 0}, {3, 0}});
   LI_TAB_STRUCT *other = Polyline(store.get(), {{0, 1}, {1, 1}});
   auto e = Elements(k);
-  EXPECT_EQ(LiCountElem(k), 3u);
-  EXPECT_EQ(LiCountElem(nullptr), 0u);
+  EXPECT_TRUE(LiCountElem(k) == 3 && LiCountElem(nullptr) == 0);
   EXPECT_EQ(LiElemInKont(k, e[2]), 1);
-  EXPECT_EQ(LiElemInKont(k, other), 0);
-  EXPECT_EQ(LiElemInKont(nullptr, e[0]), 0);
+  EXPECT_EQ(LiElemInKont(k, other) + LiElemInKont(nullptr, e[0]), 0);
   EXPECT_EQ(LiUtVorNach(k, e[0], e[2]), 1);
   EXPECT_EQ(LiUtVorNach(k, e[2], e[0]), 0);
   EXPECT_EQ(LiUtVorNach(k, e[1], e[1]), 0) << "a = b counts as b first";
@@ -54,10 +52,7 @@ TEST(Queries, CheckRundRecognisesOneFullCircle) {
   k->next->type = LI_ARC_CCW;
   ASSERT_EQ(LiDraw(store.get(), &k, &far), PA_OK);
   EXPECT_EQ(LiCheckRund(k), 0);
-
-  LI_TAB_STRUCT *line = Polyline(store.get(), {{0, 0}, {1, 0}});
-  EXPECT_EQ(LiCheckRund(line), 0);
-  EXPECT_EQ(LiCheckRund(nullptr), 0);
+  EXPECT_EQ(LiCheckRund(Polyline(store.get(), {{0, 0}, {1, 0}})) + LiCheckRund(nullptr), 0);
 }
 
 TEST(Queries, GapsAndTheFootOnTheStartTangent) {

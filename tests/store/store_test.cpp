@@ -1,6 +1,7 @@
 // The element store: growth by blocks, the free list, release of whole
 // chains, and the unlink and splice primitives.
 #include <string>
+#include <tuple>
 
 #include "support/support.h"
 
@@ -17,9 +18,7 @@ TEST(Store, NewClearsItsRecordAndFailsWithoutTouchingTheOutput) {
   LiRemoveUnchecked(store.get(), e);  // back on the free list, dirty
   LI_TAB_STRUCT *f = nullptr;
   ASSERT_EQ(LiNew(store.get(), &f), PA_OK);
-  EXPECT_EQ(f, e) << "last in, first out";
-  EXPECT_EQ(f->type, 0);
-  EXPECT_EQ(Elements(f), Chain{f});
+  EXPECT_TRUE(f == e && f->type == 0 && Elements(f) == Chain{f}) << "last in, first out, cleared";
 
   Store empty;
   for (unsigned long n : {1ul, 2ul}) {  // the table, then the block
@@ -27,8 +26,7 @@ TEST(Store, NewClearsItsRecordAndFailsWithoutTouchingTheOutput) {
     failure.Arm();
     EXPECT_EQ(LiNew(empty.get(), &f), PA_NO_MEMORY);
     failure.Disarm();
-    EXPECT_EQ(f, e);
-    EXPECT_EQ(empty.head().nblocks, 0u);
+    EXPECT_TRUE(f == e && empty.head().nblocks == 0);
   }
 }
 
@@ -45,8 +43,7 @@ TEST(Store, DelAndRemoveReturnRecordsToTheFreeList) {
   Chain me = Elements(m);
   LI_TAB_STRUCT *free_before = store.head().free;
   LiRemove(store.get(), &m);
-  EXPECT_EQ(m, nullptr);
-  EXPECT_EQ(store.head().free, me[0]);
+  EXPECT_TRUE(m == nullptr && store.head().free == me[0]);
   EXPECT_EQ(me[1]->next, free_before) << "spliced in one step in front of the free list";
   EXPECT_TRUE(AllRecordsAccounted(store.head(), {}));
 }
@@ -71,14 +68,10 @@ TEST(Store, RemoveReportsABrokenChainOnceAndFreesNothing) {
   const DebugAssertHook previous = DebugAssertSetHook(CaptureReport);
   LiRemove(store.get(), &k);
   DebugAssertSetHook(previous);
-  EXPECT_EQ(k, nullptr);
-  EXPECT_EQ(store.head().free, free_before);
-  EXPECT_EQ(g_report.count, 1);
-  EXPECT_EQ(g_report.file + ":" + std::to_string(g_report.line), "cLI_list:479");
-  EXPECT_EQ(g_report.function, "LiRemove");
-  EXPECT_EQ(g_report.severity, 3);
-  EXPECT_EQ(g_report.message, "*** FATALER FEHLER ***");
-  EXPECT_EQ(g_report.expression, "FALSE");
+  EXPECT_TRUE(k == nullptr && store.head().free == free_before);
+  const Report &r = g_report;
+  EXPECT_EQ(std::tie(r.count, r.file, r.line, r.function, r.severity, r.message, r.expression),
+            std::make_tuple(1, "cLI_list", 479, "LiRemove", 3, "*** FATALER FEHLER ***", "FALSE"));
 }
 
 TEST(Store, UnchainBlockRebasesTheHandleOntoTheElementAfterTheRun) {

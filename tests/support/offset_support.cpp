@@ -8,7 +8,6 @@
 namespace polyarc_test {
 namespace {
 
-constexpr double kPi = 3.141592653589793;
 
 bool IsArcType(const LI_TAB_STRUCT &e) { return e.type == LI_ARC_CW || e.type == LI_ARC_CCW; }
 double AngleAt(const LI_TAB_STRUCT &e, GE_POINT p) {

@@ -3,8 +3,7 @@
 // winding of the chorded contour; and random star contours.
 #pragma once
 
-#include "support/crossing_support.h"
-#include "support/support.h"
+#include "support/shape_support.h"
 
 namespace polyarc_test {
 

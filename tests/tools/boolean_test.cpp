@@ -1,6 +1,5 @@
-// polyarc union, intersection and difference in-process: areas known by
-// hand, the region drawn when nothing crosses, block choice, the written
-// result read back, and the errors.
+// polyarc union, intersection and difference in-process: areas known by hand, the region when
+// nothing crosses, block choice, the written result read back, and the errors.
 #include <cmath>
 #include <tuple>
 
@@ -21,8 +20,7 @@ TEST(BooleanCommand, RegionsKnownByHand) {
   const std::string two = WriteText(dir, "two.txt", std::string(kUnit) + "\n" + kShifted);
   const std::string far = WriteText(dir, "far.txt", "2 0\n3 0\n3 1\n2 1\n");
   const std::string side = WriteText(dir, "side.txt", "1 0\n2 0\n2 1\n1 1\n");  // unit's right
-  // A square of side 2 about the origin, clockwise, and the unit circle
-  // that touches its sides from inside.
+  // A clockwise square of side 2 about the origin and the unit circle touching it inside.
   const std::string square = WriteText(dir, "square.txt", "-1 -1\n-1 1\n1 1\n1 -1\n");
   const std::string circle = WriteText(dir, "circle.txt", "-1 0 1\n1 0 1\n");
   const double none = std::nan("");
@@ -77,8 +75,7 @@ TEST(BooleanCommand, UsageErrorsAndRefusals) {
       {{"union", unit, two, "--b", "3"}, 1, "two.txt: no block 3 (the text has 2 blocks)"},
       {{"difference", open, unit}, 1, "A is open; Boolean operations need closed contours"},
       {{"intersection", unit, bowtie}, 1, "B meets itself at (1, 1); Boolean operations need"},
-      // A contour there and back along a side has no inside: the library
-      // refuses it.
+      // A contour there and back along a side has no inside: the library refuses it.
       {{"union", flat, unit}, 1, "the union failed: out of memory, or an impossible"},
   });
 }

@@ -61,24 +61,31 @@ TEST(Cli, InfoPrintsTheMeasures) {
   Result r = Polyarc({"info", ccw, cw});
   EXPECT_EQ(r.code, 0);
   EXPECT_EQ(r.err, "");
-  // #, block line, merged, elements, lines, arcs, closed, orientation,
-  // area, length, box; the clockwise block starts after the comment, on
-  // line 2.
+  // #, block line, merged, elements, lines, arcs, closed, orientation, area, length, box; the
+  // clockwise block starts on line 2, after the comment.
   for (const char *row : {"/ccw.txt +1 +1 +0 +4 +4 +0 +closed +ccw +1 +4 +0 +0 +1 +1\n",
                           "/cw.txt +1 +2 +0 +4 +4 +0 +closed +cw +-1 +4 +0 +0 +1 +1\n"}) {
     EXPECT_TRUE(std::regex_search(r.out, std::regex(row))) << row << r.out;
   }
 
-  // A unit circle about (1, 0) as two half circles, and its lower half open.
+  // A unit circle about (1, 0) as two half circles, and its lower half open; a triangle whose
+  // third vertex repeats the second within the tolerance and whose last closes onto the first.
   const std::string arcs = WriteText(dir, "arcs.txt", "0 0 1\n2 0 1\n\nopen\n0 0 -1\n2 0\n");
-  r = Polyarc({"info", "--json", arcs});
+  const std::string merged =
+      WriteText(dir, "merged.txt", "0 0\n1 0\n1.00001 0\n1 1\n0.00002 -0.00001\n");
+  r = Polyarc({"info", "--json", arcs, merged});
   EXPECT_EQ(r.code, 0) << r.err;
   const auto area = JsonMember(r.out, "area"), length = JsonMember(r.out, "length");
-  ASSERT_EQ(area.size(), 2u) << r.out;
+  ASSERT_EQ(area.size(), 3u) << r.out;
   EXPECT_NEAR(std::stod(area[0]), kPi, 1e-14);
   EXPECT_EQ(area[1], "null") << "an open contour has no area";
+  EXPECT_EQ(area[2], "0.5");
   EXPECT_NEAR(std::stod(length[1]), kPi, 1e-14);
   EXPECT_NEAR(std::stod(JsonMember(r.out, "ymax")[1]), 1, 1e-15);  // through (1, 1)
+  EXPECT_NE(r.out.find("\"merged\": [{\"line\": 3, \"into\": 2, \"closing\": false}, "
+                       "{\"line\": 5, \"into\": 1, \"closing\": true}]"),
+            std::string::npos)
+      << r.out;
 }
 
 TEST(Cli, BadFilesAndUsageGiveTheirExitCodeAndMessage) {
@@ -120,19 +127,6 @@ TEST(Cli, HelpAndVersion) {
   }
   EXPECT_EQ(Polyarc({"--help"}).code, 0);
   EXPECT_EQ(Polyarc({"--version"}).out, std::string("polyarc ") + PaVersion() + "\n");
-}
-
-TEST(Cli, InfoSaysWhichVerticesWereMerged) {
-  // The third vertex repeats the second within the tolerance, and the last
-  // closes onto the first.
-  const std::string path =
-      WriteText(ScratchDir(), "merged.txt", "0 0\n1 0\n1.00001 0\n1 1\n0.00002 -0.00001\n");
-  const Result r = Polyarc({"info", "--json", path});
-  EXPECT_EQ(JsonMember(r.out, "area"), (std::vector<std::string>{"0.5"}));
-  EXPECT_NE(r.out.find("\"merged\": [{\"line\": 3, \"into\": 2, \"closing\": false}, "
-                       "{\"line\": 5, \"into\": 1, \"closing\": true}]"),
-            std::string::npos)
-      << r.out;
 }
 
 // One case or block of a corpus file is read, and a bad one elsewhere in
@@ -191,15 +185,13 @@ TEST(Cli, DemoBuildsMeasuresAndDraws) {
   const auto areas = JsonMember(info.out, "area");
   // The offset with corners left open reads back as three open pieces.
   ASSERT_EQ(areas.size(), 26u) << "the demo's shapes read back from its text";
-  // A 4 x 2 rectangle clockwise, the same with corners of radius 0.5, a
-  // unit circle, and a 3 x 2 slot: a half disc added at one end and taken
-  // away at the other.
+  // A 4 x 2 rectangle clockwise, the same with corners of radius 0.5, a unit circle, and a
+  // 3 x 2 slot (a half disc added at one end, taken away at the other).
   EXPECT_EQ(areas[0], "-8");
   EXPECT_NEAR(std::stod(areas[1]), -(8 - (4 - kPi) * 0.25), 1e-12);
   EXPECT_NEAR(std::stod(areas[2]), kPi, 1e-9);
   EXPECT_EQ(areas[3], "6");
-  // Union, intersection and difference of the rounded rectangle and a
-  // circle, each after its operands: U + I = A + B and (A - B) + I = A.
+  // The rounded rectangle and a circle, then their union, intersection and difference.
   const double a = -std::stod(areas[17]), b = std::stod(areas[18]);
   const double u = std::stod(areas[19]), i = std::stod(areas[22]), d = std::stod(areas[25]);
   EXPECT_NEAR(u + i, a + b, 1e-9);

@@ -1,6 +1,5 @@
-// The demo run in-process: a failing allocation anywhere in its sections
-// ends it with the library's status or leaves it unchanged, and every
-// block goes back.
+// The demo in-process: a failing allocation anywhere ends it with the library's status or
+// leaves it unchanged, and every block goes back.
 #include <filesystem>
 #include <sstream>
 
@@ -25,9 +24,7 @@ TEST(Demo, AllocationFailureEndsTheDemoWithItsStatus) {
     failure.Arm();
     const int code = RunDemo(options, run_out, run_err);
     failure.Disarm();
-    // A few allocations only speed a step up (the Boolean operations sort
-    // their crossings for a faster search): without them the demo is the
-    // same.
+    // A few allocations only speed a step up: without them the demo is the same.
     if (code == kExitOk) {
       EXPECT_EQ(run_out.str(), out.str()) << "allocation " << failure.n();
     } else {

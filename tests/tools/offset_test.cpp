@@ -13,12 +13,9 @@ constexpr double kPrinted = 1e-9;  // the report prints ten significant digits
 
 const char kSquare[] = "0 0\n1 0\n1 1\n0 1\n";
 const char kCircle[] = "0 0 1\n2 0 1\n";  // radius 1 about (1, 0), counter-clockwise
-// Two 2 x 2 squares joined by a bar 1 wide: an inward offset by more than
-// 0.5 parts them.
+// Two 2 x 2 squares joined by a bar 1 wide.
 const char kDumbbell[] = "0 0\n2 0\n2 0.5\n4 0.5\n4 0\n6 0\n6 2\n4 2\n4 1.5\n2 1.5\n2 2\n0 2\n";
-// A 4 x 4 square with a 2 x 2 room whose door, a slit 0.2 wide, opens to
-// the right: an outward offset by more than 0.1 shuts the door and leaves
-// the room, shrunk, as a hole.
+// A 4 x 4 square with a 2 x 2 room whose door, a slit 0.2 wide, opens to the right.
 const char kRoom[] = "0 0\n4 0\n4 1.9\n3 1.9\n3 1\n1 1\n1 3\n3 3\n3 2.1\n4 2.1\n4 4\n0 4\n";
 // A 3 x 2 slot whose right end bulges out and whose left end bites in.
 const char kSlot[] = "0 0\n3 0 1\n3 2\n0 2 -1\n";
@@ -96,8 +93,7 @@ TEST(OffsetCommand, CheckMeasuresTheDistanceToTheSource) {
     EXPECT_LT(Reported(r.out, "largest"), 1e-9) << text << r.out;
     EXPECT_LT(Reported(r.out, "largest off the corners"), 1e-9) << text << r.out;
   }
-  // A sharp corner of a square offset by 0.5 lies 0.5 sqrt 2 from the
-  // source's corner; along the sides the distance is exact.
+  // A sharp corner of a square offset by 0.5 lies 0.5 sqrt 2 from the source's corner.
   const RunResult sharp = Polyarc(
       {"offset", WriteText(dir, "sq.txt", kSquare), "-d", "0.5", "--corner", "sharp", "--check"});
   EXPECT_NEAR(Reported(sharp.out, "largest"), 0.5 * (std::sqrt(2.0) - 1), kPrinted) << sharp.out;
