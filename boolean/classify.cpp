@@ -20,6 +20,10 @@ namespace {
 // Two unit tangents with a dot product beyond this run roughly the same
 // way (or, negated, against each other): within 60 degrees.
 constexpr double kAlongCosine = 0.5;
+// A detour of a contour shorter than this many tolerances that comes back
+// past a crossing belongs to the crossing: the reach by which the crossing
+// search widens element boxes.
+constexpr double kDetourTols = 10.0;
 constexpr uint16_t kSideLeft = 1;
 constexpr uint16_t kSideRight = 65535;
 
@@ -39,15 +43,79 @@ bool SamePoint(const GE_CROSS &a, const GE_CROSS &b, double tol) {
 
 // ---- One crossing ----------------------------------------------------------
 
+constexpr bool kArriving = true, kLeaving = false;
+
+// The element one step further away from the crossing than e: the one
+// before an arriving half, the one after a leaving half.
+const LI_TAB_STRUCT *Beyond(const LI_TAB_STRUCT *e, bool arriving) {
+  return arriving ? e->prev : e->next;
+}
+
+// Where a half of a crossing leads away from it: the start of the element
+// that arrives, the end of the one that leaves.
+GE_POINT FarEnd(const LI_TAB_STRUCT *e, bool arriving) { return arriving ? e->ap : e->ep; }
+
+// Whether f comes back past pt: its point nearest pt lies within tol of
+// it (per axis, as the crossing list merges points) and is neither of f's
+// ends. f has no joint there, so no crossing of the list sits on that
+// passage.
+bool PassesBy(const LI_TAB_STRUCT *f, GE_POINT pt, double tol) {
+  GE_POINT nearest{};
+  double dist = 0.0;
+  GePtElemDist(f, &pt, &nearest, &dist);
+  return CoincidePerAxis(nearest, pt, tol) && !CoincidePerAxis(nearest, f->ap, tol) &&
+         !CoincidePerAxis(nearest, f->ep, tol);
+}
+
+// The element that stands for a half of one contour at pt. When the half
+// is a detour of less than kDetourTols x tol whose next element away from
+// pt comes back past pt, the crossing list has merged the other contour's
+// passage across that element into this crossing (its point lies within
+// tol of pt): the detour's own direction would miss it, and a tip a few
+// tol long past a vertex of the other contour would turn B's side round.
+// The element beyond then stands for the half, as often as that repeats.
+// The walk never steps onto `stop` (the contour's other half), onto a
+// move, or round to where it began.
+const LI_TAB_STRUCT *StandIn(const LI_TAB_STRUCT *own, bool arriving, const LI_TAB_STRUCT *stop,
+                             GE_POINT pt, double tol) {
+  const LI_TAB_STRUCT *e = own;
+  for (;;) {
+    const LI_TAB_STRUCT *f = Beyond(e, arriving);
+    if (f == nullptr || f == own || f == stop || f->type == LI_MOVE ||
+        !CoincideByDistance(FarEnd(e, arriving), pt, kDetourTols * tol) || !PassesBy(f, pt, tol))
+      return e;
+    e = f;
+  }
+}
+
+// The crossing point and the elements that stand for its four halves:
+// elem_a, next_a, elem_b and next_b, or the elements beyond them.
+struct Halves {
+  GE_POINT pt;
+  const LI_TAB_STRUCT *a_in, *a_out, *b_in, *b_out;
+};
+
+Halves TakeHalves(const GE_CROSS &c) {
+  Halves h{c.pt, c.elem_a, c.next_a, c.elem_b, c.next_b};
+  if (!h.a_in || !h.a_out || !h.b_in || !h.b_out) return h;
+  const double tol = Tol();
+  const Halves own = h;
+  h.a_in = StandIn(own.a_in, kArriving, own.a_out, c.pt, tol);
+  h.a_out = StandIn(own.a_out, kLeaving, h.a_in, c.pt, tol);
+  h.b_in = StandIn(own.b_in, kArriving, own.b_out, c.pt, tol);
+  h.b_out = StandIn(own.b_out, kLeaving, h.b_in, c.pt, tol);
+  return h;
+}
+
 struct Tangents {
   GE_POINT a_in, a_out, b_in, b_out;
 };
 
-uint16_t TakeTangents(const GE_CROSS &c, Tangents &t) {
+uint16_t TakeTangents(const Halves &h, Tangents &t) {
   const std::pair<const LI_TAB_STRUCT *, GE_POINT *> take[] = {
-      {c.elem_a, &t.a_in}, {c.next_a, &t.a_out}, {c.elem_b, &t.b_in}, {c.next_b, &t.b_out}};
+      {h.a_in, &t.a_in}, {h.a_out, &t.a_out}, {h.b_in, &t.b_in}, {h.b_out, &t.b_out}};
   for (const auto &[e, out] : take) {
-    if (const uint16_t status = GePtElemTan(e, &c.pt, out); status != PA_OK) return status;
+    if (const uint16_t status = GePtElemTan(e, &h.pt, out); status != PA_OK) return status;
   }
   return PA_OK;
 }
@@ -60,34 +128,28 @@ std::optional<int> TanSide(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, int
   return side == kSideRight ? -1 : side;
 }
 
-// Where a half of a crossing leads away from it: the start of the element
-// that arrives, the end of the one that leaves.
-GE_POINT FarEnd(const LI_TAB_STRUCT *e, bool arriving) { return arriving ? e->ap : e->ep; }
-
 // A half of A and a half of B that lead to one point away from the
 // crossing, each within tol of the chord between, run together within the
 // tolerance whatever angle their tangents make. Snapping joints onto two
 // crossings a few tol apart leaves such pairs; their tangents still come
 // from the old carriers and would split one passage into a crossing and
 // a touch.
-bool RunTogether(const GE_CROSS &c, const LI_TAB_STRUCT *a, bool a_arriving,
-                 const LI_TAB_STRUCT *b, bool b_arriving) {
+bool RunTogether(GE_POINT pt, const LI_TAB_STRUCT *a, bool a_arriving, const LI_TAB_STRUCT *b,
+                 bool b_arriving) {
   const double tol = Tol();
   const GE_POINT far_a = FarEnd(a, a_arriving);
-  return !CoincidePerAxis(far_a, c.pt, tol) && CoincidePerAxis(far_a, FarEnd(b, b_arriving), tol) &&
+  return !CoincidePerAxis(far_a, pt, tol) && CoincidePerAxis(far_a, FarEnd(b, b_arriving), tol) &&
          Sagitta(*a) + Sagitta(*b) < tol;
 }
 
 // The side on which a half of B parts from a half of A that it runs along:
 // 0 when they run together or touch without parting; nothing when they
 // neither run together nor touch.
-std::optional<int> AlongSide(const GE_CROSS &c, const LI_TAB_STRUCT *a, bool a_arriving,
+std::optional<int> AlongSide(GE_POINT pt, const LI_TAB_STRUCT *a, bool a_arriving,
                              const LI_TAB_STRUCT *b, bool b_arriving, int32_t sum) {
-  if (RunTogether(c, a, a_arriving, b, b_arriving)) return 0;
+  if (RunTogether(pt, a, a_arriving, b, b_arriving)) return 0;
   return TanSide(a, b, sum);
 }
-
-constexpr bool kArriving = true, kLeaving = false;
 
 // What is known of how B arrives (in) and leaves (out); a side is unset
 // until a tangency or the angular fallback settles it.
@@ -99,21 +161,21 @@ struct Sides {
 
 // A folds back on itself at the crossing: B's halves count as lying on the
 // side opposite the fold's own, unless they run along A.
-Sides FoldBackSides(const GE_CROSS &c, const Tangents &t, int fold) {
+Sides FoldBackSides(const Halves &h, const Tangents &t, int fold) {
   Sides s{-fold, -fold};
   if (Dot(t.b_in, t.a_in) > kAlongCosine &&
-      AlongSide(c, c.elem_a, kArriving, c.elem_b, kArriving, 0) == 0) {
+      AlongSide(h.pt, h.a_in, kArriving, h.b_in, kArriving, 0) == 0) {
     s.in = 0;
   } else if (Dot(t.b_in, t.a_out) < -kAlongCosine &&
-             AlongSide(c, c.next_a, kLeaving, c.elem_b, kArriving, 1) == 0) {
+             AlongSide(h.pt, h.a_out, kLeaving, h.b_in, kArriving, 1) == 0) {
     s.in = 0;
     s.rev = 1;
   }
   if (Dot(t.b_out, t.a_out) > kAlongCosine &&
-      AlongSide(c, c.next_a, kLeaving, c.next_b, kLeaving, 0) == 0) {
+      AlongSide(h.pt, h.a_out, kLeaving, h.b_out, kLeaving, 0) == 0) {
     s.out = 0;
   } else if (Dot(t.b_out, t.a_in) < -kAlongCosine &&
-             AlongSide(c, c.elem_a, kArriving, c.next_b, kLeaving, 1) == 0) {
+             AlongSide(h.pt, h.a_in, kArriving, h.b_out, kLeaving, 1) == 0) {
     s.out = 0;
     s.out_rev = 1;
   }
@@ -121,20 +183,20 @@ Sides FoldBackSides(const GE_CROSS &c, const Tangents &t, int fold) {
 }
 
 // The sides of B's halves where they touch A's halves tangentially.
-Sides TangentSides(const GE_CROSS &c, const Tangents &t) {
+Sides TangentSides(const Halves &h, const Tangents &t) {
   Sides s;
   if (Dot(t.b_in, t.a_in) > kAlongCosine) {
-    s.in = AlongSide(c, c.elem_a, kArriving, c.elem_b, kArriving, 0);
+    s.in = AlongSide(h.pt, h.a_in, kArriving, h.b_in, kArriving, 0);
   }
   if (!s.in && Dot(t.b_in, t.a_out) < -kAlongCosine) {
-    s.in = AlongSide(c, c.next_a, kLeaving, c.elem_b, kArriving, 1);
+    s.in = AlongSide(h.pt, h.a_out, kLeaving, h.b_in, kArriving, 1);
     if (s.in == 0) s.rev = 1;
   }
   if (Dot(t.b_out, t.a_out) > kAlongCosine) {
-    s.out = AlongSide(c, c.next_a, kLeaving, c.next_b, kLeaving, 0);
+    s.out = AlongSide(h.pt, h.a_out, kLeaving, h.b_out, kLeaving, 0);
   }
   if (!s.out && Dot(t.b_out, t.a_in) < -kAlongCosine) {
-    s.out = AlongSide(c, c.elem_a, kArriving, c.next_b, kLeaving, 1);
+    s.out = AlongSide(h.pt, h.a_in, kArriving, h.b_out, kLeaving, 1);
     if (s.out == 0) s.out_rev = 1;
   }
   return s;
@@ -166,23 +228,24 @@ void Decide(GE_CROSS &c, const Sides &s) {
 }
 
 uint16_t SetModeSideRev(GE_CROSS &c) {
+  const Halves h = TakeHalves(c);
   Tangents t{};
-  if (const uint16_t status = TakeTangents(c, t); status != PA_OK) {
+  if (const uint16_t status = TakeTangents(h, t); status != PA_OK) {
     MakeVoid(c);
     return status;
   }
   if (Dot(t.a_out, t.a_in) < -kAlongCosine) {
-    if (const std::optional<int> fold = TanSide(c.elem_a, c.next_a, 1)) {
+    if (const std::optional<int> fold = TanSide(h.a_in, h.a_out, 1)) {
       // A runs straight back on itself: no side to tell B's halves apart.
       if (*fold == 0) {
         MakeVoid(c);
         return PA_IMPOSSIBLE;
       }
-      Decide(c, FoldBackSides(c, t, *fold));
+      Decide(c, FoldBackSides(h, t, *fold));
       return PA_OK;
     }
   }
-  Sides s = TangentSides(c, t);
+  Sides s = TangentSides(h, t);
   AngularFallback(t, s);
   Decide(c, s);
   return PA_OK;

@@ -4,7 +4,7 @@
 // difference or intersection (FlBewDiffMaxKont), sometimes short of
 // records. Besides the store, the inputs and the statuses, the results
 // are checked: closed loops, and for two simple polygons whose vertices
-// keep clear of each other's edges the areas, which must satisfy
+// lie on or keep clear of each other's edges the areas, which must satisfy
 // U + I = A + B and (A - B) + I = A.
 #include <algorithm>
 #include <cmath>
@@ -215,8 +215,9 @@ std::vector<Segment> Edges(const LI_TAB_STRUCT *k) {
   return edges;
 }
 
-// Every vertex of each polygon keeps `clearance` from every edge of the
-// other. Closer, the two boundaries run together within a few tolerances,
+// Every vertex of each polygon lies on an edge of the other (closer than
+// 1e-12: shared corners and edges) or keeps `clearance` from it. Closer
+// but off it, the two boundaries run together within a few tolerances,
 // and whether they touch, overlap or cross there is the tolerance's call,
 // which the three Booleans may each make differently.
 bool ClearOfEachOther(const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, double clearance) {
@@ -224,7 +225,8 @@ bool ClearOfEachOther(const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, double cle
   for (const auto &[vertices, edges] : {std::pair{&ea, &eb}, std::pair{&eb, &ea}}) {
     for (const Segment &v : *vertices) {
       for (const Segment &s : *edges) {
-        if (PointSegmentDistance(v.p, s) < clearance) return false;
+        const double d = PointSegmentDistance(v.p, s);
+        if (d > 1e-12 && d < clearance) return false;
       }
     }
   }

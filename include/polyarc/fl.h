@@ -152,7 +152,16 @@ POLYARC_EXTERN void FlFreeList(LI_HEAD *head, LI_TAB_STRUCT ***list, int16_t las
 
 /* Classifies one split crossing from the unit tangents at pt
  * (GePtElemTan) of elem_a, next_a, elem_b and next_b: a_in, a_out, b_in,
- * b_out. A half of B whose tangent runs within 60 degrees of a half of A
+ * b_out. A half that is a short detour stands for nothing by itself: when
+ * its far end lies less than 10 x tol from pt and the next element of its
+ * contour away from pt comes back past pt (its point nearest pt lies
+ * within tol of pt per axis and is neither of its ends), that element
+ * takes the half's place in every test below, and so on while this
+ * repeats (never onto the contour's other half, a move, or round the
+ * contour). The crossing list has merged the other contour's passage
+ * across that element into this crossing, and the detour's own direction
+ * would miss it: a tip of A 2 tol past a corner of B, say, would put B's
+ * leaving half inside A. A half of B whose tangent runs within 60 degrees of a half of A
  * (dot product beyond +-0.5) takes its side from GeTanSide when the two
  * touch, side 0 meaning that it runs along A (a failed GeTanSide tells
  * nothing). Two such halves also run along each other when they lead to

@@ -118,6 +118,17 @@ const Shape kDipper = [](LI_HEAD *h) {
   return k;
 };
 
+// A quadrilateral whose first edge runs within tol of the quadrilateral
+// B's first edge over all of B's and ends 2 tol past B's corner (3, 0),
+// in a tip whose way back passes 0.9 tol from the corner. By hand: A = 6.00015, B = 6; A within 1
+// <= x <= 3 lies above B's edge, so A and B share the triangle (1, -1), (3, 0), (1, 1) up to A's
+// way back: 1 + 2.0002 / 2.0001.
+const Shape kTipped = [](LI_HEAD *h) {
+  return Polygon(h, {{-1, -2}, {3.0001, 0}, {1, 1}, {1, 3}});
+};
+const Shape kCornered = [](LI_HEAD *h) { return Polygon(h, {{1, -1}, {3, 0}, {3, 2}, {1, 3}}); };
+const double kTippedArea = 6.00015, kCorneredArea = 6, kTipShared = 1 + 2.0002 / 2.0001;
+
 const Case kCases[] = {
     {"squares offset by half", R(0, 0, 1, 1), R(0.5, 0.5, 1.5, 1.5), 1, 1, 1.75, 0.25, 0.75},
     {"unit circles 1 apart", C(0, 0, 1), C(1, 0, 1), kPi, kPi, 2 * kPi - kLens, kLens, kPi - kLens},
@@ -150,6 +161,15 @@ const Case kCases[] = {
      kWedge + 4 - kWedgeIn, kWedgeIn, kWedge - kWedgeIn, PA_OK, kPoke * kTol},
     {"a corner dipping into a circle", kDipper, C(0, 0, 1), kDip, kPi,
      kDip + kPi, 0, kDip, PA_IMPOSSIBLE, 1e-6},
+    // B's corner under the tip is no crossing: the crossings at the ends of
+    // the shared edge pair up (union and intersection once found the two
+    // apart). The tip and the sliver between the edges go.
+    {"a tip 2 tol past a corner", kTipped, kCornered, kTippedArea, kCorneredArea,
+     kTippedArea + kCorneredArea - kTipShared, kTipShared, kTippedArea - kTipShared, PA_OK,
+     10 * kTol},
+    {"a corner 2 tol short of a tip", kCornered, kTipped, kCorneredArea, kTippedArea,
+     kTippedArea + kCorneredArea - kTipShared, kTipShared, kCorneredArea - kTipShared, PA_OK,
+     10 * kTol},
 };
 
 double Expected(const Case &c, Op op) {

@@ -63,6 +63,45 @@ TEST(SetModeSideRev, FoldBacksAndMissingTangents) {
   EXPECT_EQ(c.mode, V);
 }
 
+// The element of a chain that ends at p.
+LI_TAB_STRUCT *EndingAt(LI_TAB_STRUCT *k, GE_POINT p) {
+  while (!(k->ep == p)) k = k->next;
+  return k;
+}
+
+TEST(SetModeSideRev, ShortDetoursThatComeBackPastTheCrossing) {
+  // At tol 0.25 a tip 0.5 past the origin whose way back passes 0.2 from
+  // it: B's passage across the way back merges into the crossing.
+  ToleranceScope scope(0.25);
+  const GE_POINT o{0, 0}, tip{0.5, 0}, back{-8, 4}, left{-8, 0}, right{8, 0};
+  const GE_POINT below{0, -8}, above{0, 8}, far{0, 9};
+  struct Row {
+    const char *what;
+    GE_POINT a[4], b[4];
+    uint16_t status, mode;
+  } rows[] = {
+      // B enters A's tip and leaves it through the way back: a touch.
+      {"a tip of A past B", {left, o, tip, back}, {below, o, above, far}, PA_OK, V},
+      {"a tip of B past A", {below, o, above, far}, {left, o, tip, back}, PA_OK, V},
+      // A arrives by the way back: no fold of A, B crosses it.
+      {"A arriving through a tip", {back, tip, o, right}, {below, o, above, far}, PA_OK, X},
+      // A corner that turns away from the crossing is no detour: B leaves
+      // to A's left and meets the corner's side only later.
+      {"a corner 2 tol on", {left, o, tip, {0.5, 8}}, {{-4, 4}, o, {4, 4}, {4, 9}}, PA_OK, V},
+      // A tip longer than 10 tol is A's own way: B crosses it.
+      {"a tip of 12 tol", {left, o, {3, 0}, {-8, 0.3}}, {below, o, above, far}, PA_OK, X},
+  };
+  for (const Row &r : rows) {
+    Store store;
+    LI_TAB_STRUCT *a = Polyline(store.get(), {r.a[0], r.a[1], r.a[2], r.a[3]});
+    LI_TAB_STRUCT *b = Polyline(store.get(), {r.b[0], r.b[1], r.b[2], r.b[3]});
+    GE_CROSS c = Joint(EndingAt(a, o), EndingAt(b, o));
+    EXPECT_EQ(FlSetModeSideRev(&c), r.status) << r.what;
+    EXPECT_EQ(std::tuple(c.mode, c.side, c.rev), std::tuple(r.mode, uint16_t{0}, uint32_t{0}))
+        << r.what;
+  }
+}
+
 std::vector<uint16_t> Modes(const GE_CROSS *list, int16_t last) {
   std::vector<uint16_t> m;
   for (int i = 0; i <= last; ++i) m.push_back(list[i].mode);
