@@ -187,7 +187,6 @@ struct Operands {
 // this way (status tells whether the store could not grow).
 constexpr uint32_t kPairedCopyMin = 2048;
 
-
 bool CopyPair(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, Tidy &ta, Tidy &tb,
               CopyGuard &ca, CopyGuard &cb, uint16_t &status) {
   const uint32_t na = ChainLength(a, a->prev), nb = ChainLength(b, b->prev);
