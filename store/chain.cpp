@@ -43,36 +43,6 @@ void VisitAll(LI_TAB_STRUCT *k, CopyVisitor *visitor) {
 // cannot be had, take the records as they come off the list.
 constexpr uint32_t kSortedCopyMin = 1024;
 
-// Copies first..last; on failure every record taken goes back.
-LI_TAB_STRUCT *CopyRun(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
-                       CopyVisitor *visitor) {
-  const uint32_t n = ChainLength(first, last);
-  if (n >= kSortedCopyMin) {
-    BlockVector<LI_TAB_STRUCT *> records;
-    const uint16_t status = TakeSorted(head, n, records);
-    if (status == PA_OK) return CopyOnto(first, records.data(), n, visitor);
-    if (status == PA_NO_RECORD) return nullptr;
-  }
-  LI_TAB_STRUCT *copy_first = nullptr, *copy_last = nullptr;
-  const LI_TAB_STRUCT *src = first;
-  for (uint32_t i = 0; i < n; ++i, src = src->next) {
-    LI_TAB_STRUCT *copy = PopFree(head, kCopyBlock);
-    if (copy == nullptr) {
-      if (copy_first != nullptr) {
-        Link(copy_last, copy_first);
-        SpliceIntoFree(head, copy_first);
-      }
-      return nullptr;
-    }
-    *copy = *src;
-    if (copy_last != nullptr) Link(copy_last, copy);  // the first copy's prev comes at the close
-    if (copy_first == nullptr) copy_first = copy;
-    copy_last = copy;
-  }
-  Link(copy_last, copy_first);
-  VisitAll(copy_first, visitor);
-  return copy_first;
-}
 
 // Overwrites dst's elements with src's, keeping dst's links; 0 only when
 // both chains end together.
@@ -136,9 +106,35 @@ uint16_t TakeSorted(LI_HEAD &head, uint32_t n, BlockVector<LI_TAB_STRUCT *> &rec
   return PA_OK;
 }
 
+// Copies first..last; on failure every record taken goes back.
 LI_TAB_STRUCT *CopyChain(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
                          CopyVisitor *visitor) {
-  return CopyRun(head, first, last, visitor);
+  const uint32_t n = ChainLength(first, last);
+  if (n >= kSortedCopyMin) {
+    BlockVector<LI_TAB_STRUCT *> records;
+    const uint16_t status = TakeSorted(head, n, records);
+    if (status == PA_OK) return CopyOnto(first, records.data(), n, visitor);
+    if (status == PA_NO_RECORD) return nullptr;
+  }
+  LI_TAB_STRUCT *copy_first = nullptr, *copy_last = nullptr;
+  const LI_TAB_STRUCT *src = first;
+  for (uint32_t i = 0; i < n; ++i, src = src->next) {
+    LI_TAB_STRUCT *copy = PopFree(head, kCopyBlock);
+    if (copy == nullptr) {
+      if (copy_first != nullptr) {
+        Link(copy_last, copy_first);
+        SpliceIntoFree(head, copy_first);
+      }
+      return nullptr;
+    }
+    *copy = *src;
+    if (copy_last != nullptr) Link(copy_last, copy);  // the first copy's prev comes at the close
+    if (copy_first == nullptr) copy_first = copy;
+    copy_last = copy;
+  }
+  Link(copy_last, copy_first);
+  VisitAll(copy_first, visitor);
+  return copy_first;
 }
 
 }  // namespace polyarc
@@ -197,7 +193,7 @@ extern "C" uint16_t LiInsertElem(LI_HEAD *head, LI_TAB_STRUCT **kont, const LI_T
 extern "C" LI_TAB_STRUCT *LiCopyBlock(LI_HEAD *head, const LI_TAB_STRUCT *first,
                                       const LI_TAB_STRUCT *last) {
   if (head == nullptr || first == nullptr) return nullptr;
-  return CopyRun(*head, first, last, nullptr);
+  return CopyChain(*head, first, last, nullptr);
 }
 
 extern "C" uint16_t LiCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, LI_TAB_STRUCT **dst) {
