@@ -8,6 +8,7 @@
 #include <optional>
 #include <utility>
 
+#include "boolean/crossing_list.h"
 #include "geom/predicates.h"
 #include "platform/memory.h"
 #include "polyarc/fl.h"
@@ -20,10 +21,6 @@ namespace {
 // Two unit tangents with a dot product beyond this run roughly the same
 // way (or, negated, against each other): within 60 degrees.
 constexpr double kAlongCosine = 0.5;
-// A detour of a contour shorter than this many tolerances that comes back
-// past a crossing belongs to the crossing: the reach by which the crossing
-// search widens element boxes.
-constexpr double kDetourTols = 10.0;
 constexpr uint16_t kSideLeft = 1;
 constexpr uint16_t kSideRight = 65535;
 
@@ -68,7 +65,7 @@ bool PassesBy(const LI_TAB_STRUCT *f, GE_POINT pt, double tol) {
 }
 
 // The element that stands for a half of one contour at pt. When the half
-// is a detour of less than kDetourTols x tol whose next element away from
+// is a detour of less than kReachTols x tol whose next element away from
 // pt comes back past pt, the crossing list has merged the other contour's
 // passage across that element into this crossing (its point lies within
 // tol of pt): the detour's own direction would miss it, and a tip a few
@@ -82,7 +79,7 @@ const LI_TAB_STRUCT *StandIn(const LI_TAB_STRUCT *own, bool arriving, const LI_T
   for (;;) {
     const LI_TAB_STRUCT *f = Beyond(e, arriving);
     if (f == nullptr || f == own || f == stop || f->type == LI_MOVE ||
-        !CoincideByDistance(FarEnd(e, arriving), pt, kDetourTols * tol) || !PassesBy(f, pt, tol))
+        !CoincideByDistance(FarEnd(e, arriving), pt, kReachTols * tol) || !PassesBy(f, pt, tol))
       return e;
     e = f;
   }

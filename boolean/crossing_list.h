@@ -16,10 +16,14 @@ struct CrossListRef {
   int16_t &last;
 };
 
+// How far, in tolerances, the crossing search reaches beyond an element:
+// what lies nearer may belong to a crossing with it.
+constexpr double kReachTols = 10.0;
+
 // The box of an element of A as the crossing search sees it: widened by
-// 10 x tol on every side. Inline, as both run once per pair of the search.
+// the reach on every side. Inline, as both run once per pair of the search.
 inline GE_BOX WidenedBox(const GE_BOX &box, double tol) {
-  const double w = 10.0 * tol;
+  const double w = kReachTols * tol;
   return {box.xmin - w, box.ymin - w, box.xmax + w, box.ymax + w};
 }
 
