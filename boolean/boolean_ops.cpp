@@ -37,6 +37,7 @@ struct Box {
   GE_POINT lo{1e308, 1e308}, hi{-1e308, -1e308};
   double area = 0.0;
   bool closed = true;
+  uint32_t count = 0;  // elements
 };
 
 // Adds one element to the measures; slivers tells whether DropSlivers
@@ -47,6 +48,7 @@ void Take(Box &box, const LI_TAB_STRUCT &e, double tol, bool &slivers) {
   box.hi = {std::max(box.hi.x, e.box.xmax), std::max(box.hi.y, e.box.ymax)};
   box.area += ElementArea(e, tol);
   box.closed = box.closed && CoincidePerAxis(e.ep, e.next->ap, tol);
+  ++box.count;
 }
 
 Box Measure(const LI_TAB_STRUCT *k, bool &slivers) {
@@ -294,7 +296,8 @@ uint16_t Combine(LI_HEAD *head, const Operands &in, int32_t op, const Result &r)
       Orient(cb.k(), bb.area, op == FL_OP_DIFFERENCE ? Sense::kNegative : Sense::kPositive);
   uint32_t split = 0;
   LoopAreas areas;
-  if (auto status = CrossKonturClosed(head, ca.k(), cb.k(), op, split, *r.loops, *r.last, &areas);
+  if (auto status = CrossKonturClosed(head, ca.k(), cb.k(), op, split, *r.loops, *r.last, &areas,
+                                     ba.count, bb.count);
       status != PA_OK) {
     DropList(head, r);
     return status;

@@ -55,10 +55,21 @@ bool IsDuplicate(const GE_CROSS *list, int k, int last, const IsectPoint &pt,
   return false;
 }
 
-// Makes room for one more entry, growing by FL_CROSS_STEP entries.
+// The capacity after the next growth: one step more, or half as much
+// again rounded to whole steps; never past the last whole step within
+// FL_CROSS_MAX, so that the list fills up exactly where it would by steps.
+int NextCapacity(const CrossListRef &ref) {
+  if (ref.list == nullptr) return FL_CROSS_STEP;
+  const int step = ref.by_half ? std::max<int>(FL_CROSS_STEP, ref.capacity / 2 / FL_CROSS_STEP * FL_CROSS_STEP)
+                               : FL_CROSS_STEP;
+  const int full = FL_CROSS_MAX / FL_CROSS_STEP * FL_CROSS_STEP;
+  return ref.capacity >= full ? ref.capacity + FL_CROSS_STEP : std::min(ref.capacity + step, full);
+}
+
+// Makes room for one more entry.
 uint16_t GrowForOne(CrossListRef ref) {
   if (ref.last + 1 < ref.capacity) return PA_OK;
-  const int capacity = ref.list == nullptr ? FL_CROSS_STEP : ref.capacity + FL_CROSS_STEP;
+  const int capacity = NextCapacity(ref);
   if (capacity > FL_CROSS_MAX) return PA_LIST_FULL;
   if (const uint16_t st = GrowBlock(ref.list, static_cast<size_t>(capacity), false); st != PA_OK)
     return st;

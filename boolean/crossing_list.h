@@ -9,11 +9,15 @@
 namespace polyarc {
 
 // A crossing list under construction: the caller's array, its capacity
-// and its last index.
+// and its last index. A list the caller grows entry by entry keeps steps
+// of FL_CROSS_STEP; the searches, which own their list until they return
+// it, grow it by half its size (still a multiple of the step), so that a
+// list of 10^4 crossings is not copied a thousand times.
 struct CrossListRef {
   GE_CROSS *&list;
   uint16_t &capacity;
   int16_t &last;
+  bool by_half = false;
 };
 
 // How far, in tolerances, the crossing search reaches beyond an element:
@@ -67,5 +71,10 @@ uint16_t NewCross(CrossListRef ref, int16_t first, const IsectPoint &pt, LI_TAB_
 // Returns the first failing status.
 uint16_t CrossPair(CrossListRef ref, int16_t first, LI_TAB_STRUCT *a, LI_TAB_STRUCT *b,
                    ElementRun &run);
+
+// FlCrossList, told (when not 0) at least how many elements a and b hold,
+// so that its working arrays are had at once rather than by doubling.
+uint16_t CrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, uint32_t size_a, uint32_t size_b,
+                   GE_CROSS *&list, int16_t &last);
 
 }  // namespace polyarc

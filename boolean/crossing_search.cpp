@@ -72,9 +72,11 @@ struct Crossers {
   }
 };
 
-// A's elements, and where they reach.
-Elements CrossersOfA(LI_TAB_STRUCT *k, double tol, Reach &reach) {
+// A's elements, and where they reach; size, when known, is at least
+// their number, so that the array is had at once.
+Elements CrossersOfA(LI_TAB_STRUCT *k, double tol, Reach &reach, uint32_t size) {
   Elements out;
+  out.reserve(size);
   LI_TAB_STRUCT *e = k;
   do {
     if (e->type != LI_MOVE) {
@@ -87,8 +89,10 @@ Elements CrossersOfA(LI_TAB_STRUCT *k, double tol, Reach &reach) {
 }
 
 // B's elements that may meet one of A's (all of them without A).
-Crossers CrossersOfB(LI_TAB_STRUCT *k, const Reach *reach) {
+Crossers CrossersOfB(LI_TAB_STRUCT *k, const Reach *reach, uint32_t size) {
   Crossers out;
+  out.elems.reserve(size);
+  out.leaves.reserve(size);
   LI_TAB_STRUCT *e = k;
   do {
     if (e->type != LI_MOVE && (reach == nullptr || reach->MayMeet(e->box))) out.Add(e);
@@ -163,15 +167,16 @@ uint16_t CrossAll(const Elements &a, const Elements &b, BoxIndex::Leaves b_leave
   return PA_OK;
 }
 
-uint16_t CrossTwo(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, CrossListRef ref) {
+uint16_t CrossTwo(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, uint32_t size_a, uint32_t size_b,
+                  CrossListRef ref) {
   Reach reach;
-  const Elements as = CrossersOfA(a, Tol(), reach);
-  Crossers bs = CrossersOfB(b, &reach);
+  const Elements as = CrossersOfA(a, Tol(), reach, size_a);
+  Crossers bs = CrossersOfB(b, &reach, size_b);
   return CrossAll(as, bs.elems, std::move(bs.leaves), ref);
 }
 
 uint16_t CrossSelf(LI_TAB_STRUCT *k, CrossListRef ref) {
-  Crossers ks = CrossersOfB(k, nullptr);
+  Crossers ks = CrossersOfB(k, nullptr, 0);
   return CrossAll(ks.elems, ks.elems, std::move(ks.leaves), ref);
 }
 
@@ -315,6 +320,24 @@ void TrimClosingJoint(const GE_CROSS *list, int16_t &last, GE_POINT joint, doubl
 }
 
 }  // namespace
+
+uint16_t CrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, uint32_t size_a, uint32_t size_b,
+                   GE_CROSS *&list, int16_t &last) {
+  last = FL_EMPTY;
+  if (a == nullptr) return PA_OK;
+  uint16_t capacity = 0;
+  const CrossListRef ref{list, capacity, last, true};
+  const bool self = b == nullptr || b == a;
+  try {
+    const uint16_t st = self ? CrossSelf(a, ref) : CrossTwo(a, b, size_a, size_b, ref);
+    // Self-crossing lists keep both finds of the closing joint.
+    if (st == PA_OK && !self) TrimClosingJoint(list, last, a->ap, Tol());
+    return st;
+  } catch (const std::bad_alloc &) {
+    return PA_NO_MEMORY;
+  }
+}
+
 }  // namespace polyarc
 
 using namespace polyarc;
@@ -322,19 +345,7 @@ using namespace polyarc;
 extern "C" uint16_t FlCrossList(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b, GE_CROSS **list,
                                 int16_t *last) {
   if (list == nullptr || last == nullptr) return PA_INVALID;
-  *last = FL_EMPTY;
-  if (a == nullptr) return PA_OK;
-  uint16_t capacity = 0;
-  const CrossListRef ref{*list, capacity, *last};
-  const bool self = b == nullptr || b == a;
-  try {
-    const uint16_t st = self ? CrossSelf(a, ref) : CrossTwo(a, b, ref);
-    // Self-crossing lists keep both finds of the closing joint.
-    if (st == PA_OK && !self) TrimClosingJoint(*list, *last, a->ap, Tol());
-    return st;
-  } catch (const std::bad_alloc &) {
-    return PA_NO_MEMORY;
-  }
+  return CrossList(a, b, 0, 0, *list, *last);
 }
 
 extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t *last, int16_t n) {
@@ -342,7 +353,7 @@ extern "C" uint16_t FlCrossListSingle(LI_TAB_STRUCT *k, GE_CROSS **list, int16_t
   *last = FL_EMPTY;
   if (k == nullptr) return PA_OK;
   uint16_t capacity = 0;
-  const CrossListRef ref{*list, capacity, *last};
+  const CrossListRef ref{*list, capacity, *last, true};
   try {
     if (n == 0) return CrossSelf(k, ref);
     return CrossNeighbours(NumberedChain(k), static_cast<uint32_t>(n), ref);

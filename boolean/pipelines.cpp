@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "boolean/crossing_list.h"
 #include "boolean/link.h"
 #include "boolean/loop_list.h"
 #include "boolean/pipelines.h"
@@ -62,13 +63,14 @@ uint16_t LinkTwo(LI_HEAD *head, CrossingList &cross, LI_TAB_STRUCT *&a, LI_TAB_S
 
 uint16_t CrossKonturClosed(LI_HEAD *head, LI_TAB_STRUCT *&a, LI_TAB_STRUCT *&b, int32_t op,
                            uint32_t &flags, LI_TAB_STRUCT **&loops, int16_t &last,
-                           LoopAreas *areas) {
+                           LoopAreas *areas, uint32_t size_a, uint32_t size_b) {
   flags = 0;
   loops = nullptr;
   last = FL_EMPTY;
   if (a == nullptr || b == nullptr) return PA_OK;
   CrossingList cross;
-  if (uint16_t st = FlCrossList(a, b, &cross.list, &cross.last); st != PA_OK || cross.last < 0)
+  if (uint16_t st = CrossList(a, b, size_a, size_b, cross.list, cross.last);
+      st != PA_OK || cross.last < 0)
     return st;
   const uint16_t status = LinkTwo(head, cross, a, b, op, flags, loops, last, areas);
   if (last >= 0) a = b = nullptr;  // their elements now belong to the loops

@@ -147,6 +147,30 @@ bool Subsequence(const CrossList &part, const CrossList &whole) {
   return true;
 }
 
+// The search grows its own list by more than a step at a time, but fills
+// it up at the same entry as a list grown by steps: 32752 crossings fit,
+// one more does not.
+TEST(CrossSearch, ListFillsUpWhereStepsWould) {
+  for (const int zigs : {32752, 32753}) {
+    Store store;
+    std::vector<LI_TAB_STRUCT> teeth;
+    for (int k = 0; k < zigs; ++k)
+      teeth.push_back(Line({double(k), k % 2 == 0 ? 1.0 : -1.0},
+                           {double(k + 1), k % 2 == 0 ? -1.0 : 1.0}));
+    LI_TAB_STRUCT *a = Chain(store.get(), teeth);
+    LI_TAB_STRUCT *b = Chain(store.get(), {Line({-1, 0}, {zigs + 1.0, 0})});
+    CrossList c;
+    const uint16_t st = FlCrossList(a, b, &c.list, &c.last);
+    if (zigs == 32752) {
+      ASSERT_EQ(st, PA_OK);
+      ASSERT_EQ(c.last, 32751);
+      EXPECT_NEAR(c[32751].pt.x, 32751.5, 1e-9);
+    } else {
+      EXPECT_EQ(st, PA_LIST_FULL);
+    }
+  }
+}
+
 TEST(CrossSearch, AllocationFailuresKeepTheEntriesMadeAndFreeTheIndex) {
   Shapes s(77);
   Store store;
