@@ -76,6 +76,7 @@ int16_t ListLoops(PointerSlots &slots, size_t recorded, double *areas) {
     double area = 0.0;
     LI_TAB_STRUCT *e = start;
     do {
+      PrefetchAlong(e);
       if (e->mark != 0) e->mark = 0;
       if (areas != nullptr) area += ElementArea(*e, tol);
       e = e->next;

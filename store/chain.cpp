@@ -100,6 +100,7 @@ uint16_t TakeSorted(LI_HEAD &head, uint32_t n, BlockVector<LI_TAB_STRUCT *> &rec
       records.clear();
       return PA_NO_RECORD;
     }
+    PrefetchAlong(record);  // the free list holds the loops last given back
     records.push_back(record);
   }
   std::sort(records.begin(), records.end(), std::less<LI_TAB_STRUCT *>());
@@ -221,6 +222,7 @@ extern "C" int LiCheck(const LI_TAB_STRUCT *k) {
   // different predecessor fails the prev test, so the first repeat is k.
   const LI_TAB_STRUCT *e = k;
   do {
+    PrefetchAlong(e);
     const LI_TAB_STRUCT *n = e->next;
     if (n == nullptr || n->prev != e) return 0;
     e = n;

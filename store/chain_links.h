@@ -2,6 +2,8 @@
 // and copy operations share.
 #pragma once
 
+#include <cstdint>
+
 #include "platform/block_allocator.h"
 #include "polyarc/records.h"
 
@@ -45,6 +47,17 @@ inline void Append(LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first) {
   } else {
     SpliceBefore(*kont, first);
   }
+}
+
+// A hint that the walk along e's chain will soon read the record a few
+// places further on in memory: long copies take their records in address
+// order, so a chain of them mostly runs forwards through memory, and the
+// loops cut from two copies run forwards through each in turn, which the
+// processor's own prefetching follows poorly. A prefetch never faults, so
+// a wrong guess costs only the hint.
+inline void PrefetchAlong(const LI_TAB_STRUCT *e) {
+  constexpr uintptr_t kAhead = 4 * sizeof(LI_TAB_STRUCT);
+  __builtin_prefetch(reinterpret_cast<const void *>(reinterpret_cast<uintptr_t>(&e->next) + kAhead));
 }
 
 // Receives each element of a copy once it and its successor's start are
