@@ -165,11 +165,12 @@ uint16_t FinishCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, b
   return box.closed ? PA_OK : PA_INVALID;
 }
 
+// count, when not 0, is src's element count.
 uint16_t PrepareCopy(LI_HEAD *head, const LI_TAB_STRUCT *src, double short_len, bool keep_arcs,
-                     CopyGuard &copy, Box &box) {
+                     CopyGuard &copy, Box &box, uint32_t count = 0) {
   copy.Reset();
   Tidy tidy(short_len, !keep_arcs);
-  copy.k() = CopyChain(*head, src, src->prev, &tidy);
+  copy.k() = CopyChain(*head, src, src->prev, &tidy, count);
   if (copy.k() == nullptr) return PA_NO_RECORD;
   return FinishCopy(head, src, short_len, keep_arcs, tidy, copy, box);
 }
@@ -189,9 +190,8 @@ struct Operands {
 // this way (status tells whether the store could not grow).
 constexpr uint32_t kPairedCopyMin = 2048;
 
-bool CopyPair(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, Tidy &ta, Tidy &tb,
-              CopyGuard &ca, CopyGuard &cb, uint16_t &status) {
-  const uint32_t na = ChainLength(a, a->prev), nb = ChainLength(b, b->prev);
+bool CopyPair(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, uint32_t na,
+              uint32_t nb, Tidy &ta, Tidy &tb, CopyGuard &ca, CopyGuard &cb, uint16_t &status) {
   status = PA_OK;
   if (na + nb < kPairedCopyMin) return false;
   BlockVector<LI_TAB_STRUCT *> records;
@@ -206,12 +206,13 @@ bool CopyPair(LI_HEAD *head, const LI_TAB_STRUCT *a, const LI_TAB_STRUCT *b, Tid
 uint16_t PrepareCopies(LI_HEAD *head, const Operands &in, CopyGuard &ca, CopyGuard &cb, Box &ba,
                        Box &bb) {
   Tidy ta(in.short_len, !in.keep_arcs), tb(in.short_len, !in.keep_arcs);
+  const uint32_t na = ChainLength(in.a, in.a->prev), nb = ChainLength(in.b, in.b->prev);
   uint16_t status = PA_OK;
-  if (!CopyPair(head, in.a, in.b, ta, tb, ca, cb, status)) {
+  if (!CopyPair(head, in.a, in.b, na, nb, ta, tb, ca, cb, status)) {
     if (status == PA_NO_RECORD) return status;
-    if (status = PrepareCopy(head, in.a, in.short_len, in.keep_arcs, ca, ba); status != PA_OK)
+    if (status = PrepareCopy(head, in.a, in.short_len, in.keep_arcs, ca, ba, na); status != PA_OK)
       return status;
-    return PrepareCopy(head, in.b, in.short_len, in.keep_arcs, cb, bb);
+    return PrepareCopy(head, in.b, in.short_len, in.keep_arcs, cb, bb, nb);
   }
   if (status = FinishCopy(head, in.a, in.short_len, in.keep_arcs, ta, ca, ba); status != PA_OK)
     return status;

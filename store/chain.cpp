@@ -109,8 +109,8 @@ uint16_t TakeSorted(LI_HEAD &head, uint32_t n, BlockVector<LI_TAB_STRUCT *> &rec
 
 // Copies first..last; on failure every record taken goes back.
 LI_TAB_STRUCT *CopyChain(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
-                         CopyVisitor *visitor) {
-  const uint32_t n = ChainLength(first, last);
+                         CopyVisitor *visitor, uint32_t count) {
+  const uint32_t n = count != 0 ? count : ChainLength(first, last);
   if (n >= kSortedCopyMin) {
     BlockVector<LI_TAB_STRUCT *> records;
     const uint16_t status = TakeSorted(head, n, records);

@@ -71,9 +71,10 @@ class CopyVisitor {
   ~CopyVisitor() = default;
 };
 
-// LiCopyBlock, handing every copied element to visitor (store/chain.cpp).
+// LiCopyBlock, handing every copied element to visitor (store/chain.cpp);
+// count, when not 0, is ChainLength(first, last), already known.
 LI_TAB_STRUCT *CopyChain(LI_HEAD &head, const LI_TAB_STRUCT *first, const LI_TAB_STRUCT *last,
-                         CopyVisitor *visitor);
+                         CopyVisitor *visitor, uint32_t count = 0);
 
 // The number of elements a copy of first..last holds: up to last, or once
 // round the chain when last is not on it.
