@@ -298,7 +298,7 @@ uint16_t Combine(LI_HEAD *head, const Operands &in, int32_t op, const Result &r)
   uint32_t split = 0;
   LoopAreas areas;
   if (auto status = CrossKonturClosed(head, ca.k(), cb.k(), op, split, *r.loops, *r.last, &areas,
-                                     ba.count, bb.count);
+                                      ba.count, bb.count);
       status != PA_OK) {
     DropList(head, r);
     return status;

@@ -56,14 +56,16 @@ bool IsDuplicate(const GE_CROSS *list, int k, int last, const IsectPoint &pt,
 }
 
 // The capacity after the next growth: one step more, or half as much
-// again rounded to whole steps; never past the last whole step within
-// FL_CROSS_MAX, so that the list fills up exactly where it would by steps.
+// again in whole steps, but not past the last whole step within
+// FL_CROSS_MAX, so that a list fills up at the same entry either way.
+// A full list's next capacity passes FL_CROSS_MAX.
 int NextCapacity(const CrossListRef &ref) {
+  constexpr int kFull = FL_CROSS_MAX / FL_CROSS_STEP * FL_CROSS_STEP;
   if (ref.list == nullptr) return FL_CROSS_STEP;
-  const int step = ref.by_half ? std::max<int>(FL_CROSS_STEP, ref.capacity / 2 / FL_CROSS_STEP * FL_CROSS_STEP)
-                               : FL_CROSS_STEP;
-  const int full = FL_CROSS_MAX / FL_CROSS_STEP * FL_CROSS_STEP;
-  return ref.capacity >= full ? ref.capacity + FL_CROSS_STEP : std::min(ref.capacity + step, full);
+  if (ref.capacity >= kFull) return ref.capacity + FL_CROSS_STEP;
+  const int half = ref.capacity / 2 / FL_CROSS_STEP * FL_CROSS_STEP;
+  const int step = ref.by_half ? std::max<int>(FL_CROSS_STEP, half) : FL_CROSS_STEP;
+  return std::min(ref.capacity + step, kFull);
 }
 
 // Makes room for one more entry.

@@ -62,8 +62,8 @@ uint16_t LinkTwo(LI_HEAD *head, CrossingList &cross, LI_TAB_STRUCT *&a, LI_TAB_S
 }  // namespace
 
 uint16_t CrossKonturClosed(LI_HEAD *head, LI_TAB_STRUCT *&a, LI_TAB_STRUCT *&b, int32_t op,
-                           uint32_t &flags, LI_TAB_STRUCT **&loops, int16_t &last,
-                           LoopAreas *areas, uint32_t size_a, uint32_t size_b) {
+                           uint32_t &flags, LI_TAB_STRUCT **&loops, int16_t &last, LoopAreas *areas,
+                           uint32_t size_a, uint32_t size_b) {
   flags = 0;
   loops = nullptr;
   last = FL_EMPTY;

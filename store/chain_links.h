@@ -57,7 +57,8 @@ inline void Append(LI_TAB_STRUCT **kont, LI_TAB_STRUCT *first) {
 // a wrong guess costs only the hint.
 inline void PrefetchAlong(const LI_TAB_STRUCT *e) {
   constexpr uintptr_t kAhead = 4 * sizeof(LI_TAB_STRUCT);
-  __builtin_prefetch(reinterpret_cast<const void *>(reinterpret_cast<uintptr_t>(&e->next) + kAhead));
+  __builtin_prefetch(
+      reinterpret_cast<const void *>(reinterpret_cast<uintptr_t>(&e->next) + kAhead));
 }
 
 // Receives each element of a copy once it and its successor's start are

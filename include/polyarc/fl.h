@@ -42,6 +42,7 @@
  * *list must be null (or a block of the memory service, which is reused);
  * the caller owns it afterwards, whatever the status, and frees it with
  * FlFreeCross. *last receives the last index (FL_EMPTY when none).
+ * The list grows by half its size in whole steps of FL_CROSS_STEP.
  * Returns 0; PA_LIST_FULL when more than 32752 entries (2047 steps of
  * FL_CROSS_STEP) would be needed; PA_NO_MEMORY when the list or the search
  * cannot get memory; PA_INVALID for a null list or last. On failure the

@@ -200,8 +200,9 @@ typedef struct GE_CROSS {
 /* Crossing lists and contour lists are growable arrays from the
  * memory-block service, addressed by the index of their last entry:
  * FL_EMPTY (-1) while empty. A crossing list (GE_CROSS *, null while
- * empty) grows by FL_CROSS_STEP entries up to FL_CROSS_MAX and is freed
- * with FlFreeCross. A contour list (LI_TAB_STRUCT **, one contour handle
+ * empty) holds up to FL_CROSS_MAX entries in whole steps of FL_CROSS_STEP
+ * (FlNewCross adds one step at a time, the list builders half the size so
+ * far) and is freed with FlFreeCross. A contour list (LI_TAB_STRUCT **, one contour handle
  * per entry) holds result loops; FlFreeList gives its contours back and
  * frees it. */
 enum { FL_EMPTY = -1, FL_CROSS_STEP = 16, FL_CROSS_MAX = 32767 };
