@@ -29,14 +29,25 @@ inline RunResult Polyarc(const std::vector<std::string> &args) {
   return {code, out.str(), err.str()};
 }
 
+// The scratch folders made so far; they go when the test program ends.
+struct ScratchFolders {
+  std::vector<std::filesystem::path> made;
+  ~ScratchFolders() {
+    std::error_code ignored;
+    for (const auto &dir : made) std::filesystem::remove_all(dir, ignored);
+  }
+};
+
 // A scratch folder of the running test, emptied first.
 inline std::filesystem::path ScratchDir() {
+  static ScratchFolders folders;
   const auto *info = testing::UnitTest::GetInstance()->current_test_info();
   const std::filesystem::path dir =
       std::filesystem::path(testing::TempDir()) /
       ("polyarc_op_" + std::string(info->name()) + "_" + std::to_string(getpid()));
   std::filesystem::remove_all(dir);
   std::filesystem::create_directories(dir);
+  folders.made.push_back(dir);
   return dir;
 }
 
