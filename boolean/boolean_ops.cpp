@@ -233,16 +233,18 @@ void SwapElements(LI_TAB_STRUCT *a, LI_TAB_STRUCT *b) {
   std::swap(a->prev, b->prev);
 }
 
+// Each element is turned as soon as it has its place, while it is in the
+// cache; k and a middle element keep theirs.
 void TurnInOrder(LI_TAB_STRUCT *k) {
-  for (LI_TAB_STRUCT *i = k->next, *j = k->prev; i != j; i = i->next, j = j->prev) {
+  LiElemUmdreh(k);
+  LI_TAB_STRUCT *i = k->next, *j = k->prev;
+  for (; i != k && i != j; i = i->next, j = j->prev) {
     SwapElements(i, j);
-    if (i->next == j) break;
+    LiElemUmdreh(i);
+    LiElemUmdreh(j);
+    if (i->next == j) return;
   }
-  LI_TAB_STRUCT *e = k;
-  do {
-    LiElemUmdreh(e);
-    e = e->next;
-  } while (e != k);
+  if (i == j && i != k) LiElemUmdreh(i);
 }
 
 // Turns the copy of the given area to the wanted sense; returns |area|.

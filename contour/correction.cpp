@@ -138,11 +138,17 @@ void FlattenArc(LI_TAB_STRUCT &e, double min, double tol) {
   }
 }
 
+// The chord is at least as long as either of its axis spans (hypot rounds
+// faithfully), so an element that spans min along an axis is not short
+// without taking the root: the removal runs over every element of every
+// Boolean's copies.
 bool IsShort(const LI_TAB_STRUCT &e, bool only, double min) {
   if (only) return false;
-  const double chord = Dist(e.ap, e.ep);
-  if (IsLine(e)) return chord < min;
-  return min > e.rad || chord < min;
+  const GE_POINT span = e.ep - e.ap;
+  const bool long_chord = std::fabs(span.x) >= min || std::fabs(span.y) >= min;
+  const bool short_chord = !long_chord && Dist(e.ap, e.ep) < min;
+  if (IsLine(e)) return short_chord;
+  return min > e.rad || short_chord;
 }
 
 uint16_t Recompute(LI_TAB_STRUCT *e) {
