@@ -1,6 +1,7 @@
 // Fuzz target for the offsets: a small open or closed contour of lines and
 // arcs from the input, then the parallel offset with its clean-up
-// (FlParallClean), the conic offset with its clean-up (FlConicClean) and
+// (FlParallClean), the offset of the region it bounds (FlParallelRegion),
+// the conic offset with its clean-up (FlConicClean) and
 // the rectangle offset in its calling order (FlOffsSplit four times,
 // FlOffsElem, FlOffsKon, FlOffAnf, FlCleanKont), with sides, distances and
 // corner modes from the input, sometimes short of records.
@@ -95,6 +96,34 @@ void ParallelOffset(LI_HEAD *head, LI_TAB_STRUCT *src, Bytes &in) {
       examine && Closed(src) && offset && width != FL_NO_CLEANUP && mode != FL_CORNER_GAP;
   RequireSoundContour(out, GapLimit(closed), "FlParallClean's result");
   LiRemove(head, &out);
+}
+
+void RegionOffset(LI_HEAD *head, LI_TAB_STRUCT *src, Bytes &in) {
+  const uint16_t side = in.Pick(kSides);
+  const double d = PickDistance(in);
+  const uint16_t mode = in.Pick(kModes);
+  const uint8_t shortage = in.Next();
+  const Snapshot before(src);
+  LI_TAB_STRUCT **loops = nullptr;
+  int16_t last = 7;
+  uint32_t dropped = 0;
+  Shortage short_of(head, (shortage & 7) == 7, shortage >> 3);
+  Trace("FlParallelRegion side %u d %.17g mode %u%s", side, d, mode,
+        short_of.Active() ? " (short of records)" : "");
+  const uint16_t status =
+      FlParallelRegion(head, src, side, d, mode, nullptr, &loops, &last, &dropped);
+  Trace("  status %u, last %d, dropped %u", status, last, dropped);
+  RequireAllRecordsAccounted(*head, Live({src, short_of.Held()}, loops, last), "FlParallelRegion");
+  short_of.Release();
+  RequireStatus(status, kOffsetStatuses, "FlParallelRegion");
+  Require(before.Matches(src), "FlParallelRegion changed its input");
+  Require((loops == nullptr) == (last == FL_EMPTY), "FlParallelRegion's list and last disagree");
+  Require(status == PA_OK || loops == nullptr, "FlParallelRegion failed but left a list");
+  // Every loop is closed, except that the gap corner mode keeps its gaps.
+  const double gaps = mode == FL_CORNER_GAP ? 0 : GapLimit(true);
+  for (int16_t i = 0; loops != nullptr && i <= last; ++i)
+    RequireSoundContour(loops[i], gaps, "a loop of FlParallelRegion");
+  FlFreeList(head, &loops, last);
 }
 
 void ConicOffset(LI_HEAD *head, LI_TAB_STRUCT *src, Bytes &in) {
@@ -226,6 +255,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
       if (in.Flag()) LiNumKont(src, &counter);
       const uint8_t which = in.Next();
       if ((which & 3) != 1) ParallelOffset(&head, src, in);
+      if ((which & 48) != 16) RegionOffset(&head, src, in);
       if ((which & 3) != 2) ConicOffset(&head, src, in);
       if ((which & 12) != 4) RectangleOffset(&head, src, in);
       LiRemove(&head, &src);
