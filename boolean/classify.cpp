@@ -92,15 +92,44 @@ struct Halves {
   const LI_TAB_STRUCT *a_in, *a_out, *b_in, *b_out;
 };
 
+// A half of A and a half of B that lead to one point away from the
+// crossing, each within tol of the chord between, run together within the
+// tolerance whatever angle their tangents make. Snapping joints onto two
+// crossings a few tol apart leaves such pairs; their tangents still come
+// from the old carriers and would split one passage into a crossing and
+// a touch.
+bool RunTogether(GE_POINT pt, const LI_TAB_STRUCT *a, bool a_arriving, const LI_TAB_STRUCT *b,
+                 bool b_arriving) {
+  const double tol = Tol();
+  const GE_POINT far_a = FarEnd(a, a_arriving);
+  return !CoincidePerAxis(far_a, pt, tol) && CoincidePerAxis(far_a, FarEnd(b, b_arriving), tol) &&
+         Sagitta(*a) + Sagitta(*b) < tol;
+}
+
+// Whether one of the other contour's halves (in arriving, out leaving)
+// runs together with half: the other contour follows that detour to its
+// far end, where its passage has an entry of its own, so nothing was
+// merged into this one.
+bool Followed(GE_POINT pt, const LI_TAB_STRUCT *half, bool arriving, const LI_TAB_STRUCT *in,
+              const LI_TAB_STRUCT *out) {
+  return RunTogether(pt, half, arriving, in, kArriving) ||
+         RunTogether(pt, half, arriving, out, kLeaving);
+}
+
 Halves TakeHalves(const GE_CROSS &c) {
   Halves h{c.pt, c.elem_a, c.next_a, c.elem_b, c.next_b};
   if (!h.a_in || !h.a_out || !h.b_in || !h.b_out) return h;
   const double tol = Tol();
   const Halves own = h;
-  h.a_in = StandIn(own.a_in, kArriving, own.a_out, c.pt, tol);
-  h.a_out = StandIn(own.a_out, kLeaving, h.a_in, c.pt, tol);
-  h.b_in = StandIn(own.b_in, kArriving, own.b_out, c.pt, tol);
-  h.b_out = StandIn(own.b_out, kLeaving, h.b_in, c.pt, tol);
+  const auto stand_in = [&](const LI_TAB_STRUCT *half, bool arriving, const LI_TAB_STRUCT *stop,
+                            const LI_TAB_STRUCT *in, const LI_TAB_STRUCT *out) {
+    return Followed(c.pt, half, arriving, in, out) ? half
+                                                   : StandIn(half, arriving, stop, c.pt, tol);
+  };
+  h.a_in = stand_in(own.a_in, kArriving, own.a_out, own.b_in, own.b_out);
+  h.a_out = stand_in(own.a_out, kLeaving, h.a_in, own.b_in, own.b_out);
+  h.b_in = stand_in(own.b_in, kArriving, own.b_out, own.a_in, own.a_out);
+  h.b_out = stand_in(own.b_out, kLeaving, h.b_in, own.a_in, own.a_out);
   return h;
 }
 
@@ -123,20 +152,6 @@ std::optional<int> TanSide(const LI_TAB_STRUCT *e1, const LI_TAB_STRUCT *e2, int
   uint16_t side = 0;
   if (GeTanSide(e1, e2, &side, sum) != PA_OK) return std::nullopt;
   return side == kSideRight ? -1 : side;
-}
-
-// A half of A and a half of B that lead to one point away from the
-// crossing, each within tol of the chord between, run together within the
-// tolerance whatever angle their tangents make. Snapping joints onto two
-// crossings a few tol apart leaves such pairs; their tangents still come
-// from the old carriers and would split one passage into a crossing and
-// a touch.
-bool RunTogether(GE_POINT pt, const LI_TAB_STRUCT *a, bool a_arriving, const LI_TAB_STRUCT *b,
-                 bool b_arriving) {
-  const double tol = Tol();
-  const GE_POINT far_a = FarEnd(a, a_arriving);
-  return !CoincidePerAxis(far_a, pt, tol) && CoincidePerAxis(far_a, FarEnd(b, b_arriving), tol) &&
-         Sagitta(*a) + Sagitta(*b) < tol;
 }
 
 // The side on which a half of B parts from a half of A that it runs along:

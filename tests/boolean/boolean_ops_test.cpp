@@ -158,9 +158,9 @@ const Case kCases[] = {
     // joint and within tol of each other; the tip outside B is narrower
     // than the tolerance and may go.
     {"a thin wedge's tip across an edge", kThinWedge, R(0, 0, 2, 2), kWedge, 4,
-     kWedge + 4 - kWedgeIn, kWedgeIn, kWedge - kWedgeIn, PA_OK, kPoke * kTol},
-    {"a corner dipping into a circle", kDipper, C(0, 0, 1), kDip, kPi,
-     kDip + kPi, 0, kDip, PA_IMPOSSIBLE, 1e-6},
+     kWedge + 4 - kWedgeIn, kWedgeIn, kWedge - kWedgeIn, PA_OK, kPoke *kTol},
+    {"a corner dipping into a circle", kDipper, C(0, 0, 1), kDip, kPi, kDip + kPi, 0, kDip,
+     PA_IMPOSSIBLE, 1e-6},
     // B's corner under the tip is no crossing: the crossings at the ends of
     // the shared edge pair up (union and intersection once found the two
     // apart). The tip and the sliver between the edges go.
@@ -182,32 +182,58 @@ LI_TAB_STRUCT *Oriented(LI_HEAD *head, const Shape &shape, bool reversed) {
   return k;
 }
 
-TEST(Boolean, HandCasesInEveryOrientationAndTheirIdentities) {
-  for (const Case &c : kCases) {
-    for (int turn = 0; turn < 4; ++turn) {
-      Store store;
-      LI_TAB_STRUCT *a = Oriented(store.get(), c.a, (turn & 1) != 0);
-      LI_TAB_STRUCT *b = Oriented(store.get(), c.b, (turn & 2) != 0);
-      const std::vector<LI_TAB_STRUCT> a0 = Snapshot(a), b0 = Snapshot(b);
-      double area[3] = {};
-      Live live{a, b};
-      for (Op op : kOps) {
-        Outcome r(store.get(), op, a, b);
-        SCOPED_TRACE(testing::Message() << c.name << ", " << OpName(op) << ", turn " << turn);
-        EXPECT_EQ(r.status(), op == Op::kIntersection ? c.isect_status : uint16_t{PA_OK});
-        EXPECT_TRUE(r.status() == PA_OK || r.no_cross() == 0);
-        area[static_cast<int>(op)] = r.RegionArea(c.area_a, c.area_b);
-        EXPECT_NEAR(area[static_cast<int>(op)], Expected(c, op), c.within);
-        for (LI_TAB_STRUCT *k : r.loops()) EXPECT_TRUE(LiCheck(k) && LiTestClosed(k));
-        Live all = live;
-        for (LI_TAB_STRUCT *k : r.loops()) all.push_back(k);
-        EXPECT_TRUE(AllRecordsAccounted(store.head(), all));
-      }
-      EXPECT_TRUE(SameContents(Snapshot(a), a0) && SameContents(Snapshot(b), b0)) << c.name;
-      EXPECT_NEAR(area[0] + area[1], c.area_a + c.area_b, c.within) << c.name;
-      EXPECT_NEAR(area[2] + area[1], c.area_a, c.within) << c.name;
+// The three operations on c in every orientation of A and B: statuses,
+// areas, closed loops, inputs untouched, records accounted, identities.
+void ExpectHandCase(const Case &c) {
+  for (int turn = 0; turn < 4; ++turn) {
+    Store store;
+    LI_TAB_STRUCT *a = Oriented(store.get(), c.a, (turn & 1) != 0);
+    LI_TAB_STRUCT *b = Oriented(store.get(), c.b, (turn & 2) != 0);
+    const std::vector<LI_TAB_STRUCT> a0 = Snapshot(a), b0 = Snapshot(b);
+    double area[3] = {};
+    Live live{a, b};
+    for (Op op : kOps) {
+      Outcome r(store.get(), op, a, b);
+      SCOPED_TRACE(testing::Message() << c.name << ", " << OpName(op) << ", turn " << turn);
+      EXPECT_EQ(r.status(), op == Op::kIntersection ? c.isect_status : uint16_t{PA_OK});
+      EXPECT_TRUE(r.status() == PA_OK || r.no_cross() == 0);
+      area[static_cast<int>(op)] = r.RegionArea(c.area_a, c.area_b);
+      EXPECT_NEAR(area[static_cast<int>(op)], Expected(c, op), c.within);
+      for (LI_TAB_STRUCT *k : r.loops()) EXPECT_TRUE(LiCheck(k) && LiTestClosed(k));
+      Live all = live;
+      for (LI_TAB_STRUCT *k : r.loops()) all.push_back(k);
+      EXPECT_TRUE(AllRecordsAccounted(store.head(), all));
     }
+    EXPECT_TRUE(SameContents(Snapshot(a), a0) && SameContents(Snapshot(b), b0)) << c.name;
+    EXPECT_NEAR(area[0] + area[1], c.area_a + c.area_b, c.within) << c.name;
+    EXPECT_NEAR(area[2] + area[1], c.area_a, c.within) << c.name;
   }
+}
+
+TEST(Boolean, HandCasesInEveryOrientationAndTheirIdentities) {
+  for (const Case &c : kCases) ExpectHandCase(c);
+}
+
+// At tol 0.25, A's notch has its tip at the origin, its lower side along
+// y = -x/4; B's top edge, y = -x/5 - 0.025, crosses that side at
+// (0.5, -0.125), 2 tol before the tip, and passes the tip 0.1 tol off.
+// B runs along the notch's last 2 tol to the tip and on into A: one
+// crossing, though the notch's upper side comes back within tol of it
+// (union and intersection once found none). Snapping B's cut onto the tip
+// moves its edge by 0.1 tol: the areas hold to tol.
+TEST(Boolean, ACrossingTwoTolBeforeANotchTip) {
+  ToleranceScope tol(0.25);
+  const Shape notched = [](LI_HEAD *h) {
+    return Polygon(h, {{40, -40}, {40, -10}, {0, 0}, {40, 10}, {40, 40}, {-40, 40}, {-40, -40}});
+  };
+  const Shape crosser = [](LI_HEAD *h) {
+    return Polygon(h, {{40.5, -8.125}, {-9.5, 1.875}, {-9.5, -30}, {40.5, -30}});
+  };
+  // B within x <= 40 (a trapezoid 49.5 wide) less the part of the notch
+  // under B's edge: the integral of x/20 - 0.025 from 0.5 to 40.
+  const double isect = 49.5 * (31.875 + 21.975) / 2 - (39 + 0.00625);
+  ExpectHandCase({"a crossing 2 tol before a notch tip", notched, crosser, 6000, 1343.75,
+                  6000 + 1343.75 - isect, isect, 6000 - isect, PA_OK, 0.25});
 }
 
 TEST(Boolean, TheResultListAndTheContainmentValue) {
