@@ -53,15 +53,20 @@ const LI_TAB_STRUCT *Beyond(const LI_TAB_STRUCT *e, bool arriving) {
 GE_POINT FarEnd(const LI_TAB_STRUCT *e, bool arriving) { return arriving ? e->ap : e->ep; }
 
 // Whether f comes back past pt: its point nearest pt lies within tol of
-// it (per axis, as the crossing list merges points) and is neither of f's
-// ends. f has no joint there, so no crossing of the list sits on that
-// passage.
-bool PassesBy(const LI_TAB_STRUCT *f, GE_POINT pt, double tol) {
+// it (per axis, as the crossing list merges points) and not within tol of
+// f's far end (f has no joint there, so no crossing of the list sits on
+// that passage), and pt lies ahead of f's joint with the detour along f:
+// f heads back towards pt, however near that joint its nearest point is
+// when the detour is only a tol or two long.
+bool PassesBy(const LI_TAB_STRUCT *f, bool arriving, GE_POINT pt, double tol) {
   GE_POINT nearest{};
   double dist = 0.0;
   GePtElemDist(f, &pt, &nearest, &dist);
-  return CoincidePerAxis(nearest, pt, tol) && !CoincidePerAxis(nearest, f->ap, tol) &&
-         !CoincidePerAxis(nearest, f->ep, tol);
+  const GE_POINT joint = arriving ? f->ep : f->ap;
+  const GE_POINT far = arriving ? f->ap : f->ep;
+  const GE_POINT away = arriving ? -f->tan_ep : f->tan_ap;
+  return CoincidePerAxis(nearest, pt, tol) && !CoincidePerAxis(nearest, far, tol) &&
+         Dot(pt - joint, away) > 0.0;
 }
 
 // The element that stands for a half of one contour at pt. When the half
@@ -79,7 +84,8 @@ const LI_TAB_STRUCT *StandIn(const LI_TAB_STRUCT *own, bool arriving, const LI_T
   for (;;) {
     const LI_TAB_STRUCT *f = Beyond(e, arriving);
     if (f == nullptr || f == own || f == stop || f->type == LI_MOVE ||
-        !CoincideByDistance(FarEnd(e, arriving), pt, kReachTols * tol) || !PassesBy(f, pt, tol))
+        !CoincideByDistance(FarEnd(e, arriving), pt, kReachTols * tol) ||
+        !PassesBy(f, arriving, pt, tol))
       return e;
     e = f;
   }

@@ -156,7 +156,8 @@ POLYARC_EXTERN void FlFreeList(LI_HEAD *head, LI_TAB_STRUCT ***list, int16_t las
  * b_out. A half that is a short detour stands for nothing by itself: when
  * its far end lies less than 10 x tol from pt and the next element of its
  * contour away from pt comes back past pt (its point nearest pt lies
- * within tol of pt per axis and is neither of its ends), that element
+ * within tol of pt per axis and not within tol of its far end, and pt
+ * lies ahead of its joint with the half along it), that element
  * takes the half's place in every test below, and so on while this
  * repeats (never onto the contour's other half, a move, or round the
  * contour). The crossing list has merged the other contour's passage

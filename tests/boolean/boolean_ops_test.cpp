@@ -214,14 +214,18 @@ TEST(Boolean, HandCasesInEveryOrientationAndTheirIdentities) {
   for (const Case &c : kCases) ExpectHandCase(c);
 }
 
-// At tol 0.25, A's notch has its tip at the origin, its lower side along
-// y = -x/4; B's top edge, y = -x/5 - 0.025, crosses that side at
-// (0.5, -0.125), 2 tol before the tip, and passes the tip 0.1 tol off.
-// B runs along the notch's last 2 tol to the tip and on into A: one
-// crossing, though the notch's upper side comes back within tol of it
-// (union and intersection once found none). Snapping B's cut onto the tip
-// moves its edge by 0.1 tol: the areas hold to tol.
-TEST(Boolean, ACrossingTwoTolBeforeANotchTip) {
+// Detours a tol or two long, at tol 0.25.
+// - A's notch has its tip at the origin, its lower side along y = -x/4;
+//   B's top edge, y = -x/5 - 0.025, crosses that side at (0.5, -0.125),
+//   2 tol before the tip, and passes the tip 0.1 tol off: B runs along the
+//   notch's last 2 tol and on into A, one crossing, though the notch's
+//   upper side comes back within tol (union and intersection once found
+//   none). Snapping B's cut onto the tip moves its edge by 0.1 tol.
+// - B's tip (0, 0.3) pokes 1.2 tol past A's edge y = 0, which its sides
+//   cross at x = -0.1 and -0.3, within tol of each other: one entry, and
+//   a touch, however near the tip the way back passes the crossing (union
+//   and intersection once found one crossing). The tip's 0.03 is lost.
+TEST(Boolean, DetoursATolOrTwoLong) {
   ToleranceScope tol(0.25);
   const Shape notched = [](LI_HEAD *h) {
     return Polygon(h, {{40, -40}, {40, -10}, {0, 0}, {40, 10}, {40, 40}, {-40, 40}, {-40, -40}});
@@ -234,6 +238,9 @@ TEST(Boolean, ACrossingTwoTolBeforeANotchTip) {
   const double isect = 49.5 * (31.875 + 21.975) / 2 - (39 + 0.00625);
   ExpectHandCase({"a crossing 2 tol before a notch tip", notched, crosser, 6000, 1343.75,
                   6000 + 1343.75 - isect, isect, 6000 - isect, PA_OK, 0.25});
+  const Shape tipped = [](LI_HEAD *h) { return Polygon(h, {{-3.3, -3}, {-1.1, -3}, {0, 0.3}}); };
+  ExpectHandCase({"a tip 1.2 tol past an edge", R(-5, 0, 5, 10), tipped, 100, 3.63, 103.63, 0, 100,
+                  PA_OK, 0.05});
 }
 
 TEST(Boolean, TheResultListAndTheContainmentValue) {
