@@ -352,7 +352,12 @@ POLYARC_EXTERN uint16_t FlCleanKont(LI_HEAD *head, LI_TAB_STRUCT **k, int16_t si
  * Reading the result:
  * 1. status != 0: no result. *loops is null and *last FL_EMPTY.
  *    PA_INVALID with *no_cross 0: a single loop, or two outer loops of a
- *    union. PA_IMPOSSIBLE with *no_cross 0: the contours crossed but no
+ *    union. A single loop also comes where an arc and an element of the
+ *    other contour fall within the touching band of GeIseCirCir or
+ *    GeIseCirLin (they meet within tol of tangency) yet cross twice, far
+ *    apart, and only one of those crossings lies on both elements: the
+ *    band gives one touching point, off them, and that crossing is lost.
+ *    PA_IMPOSSIBLE with *no_cross 0: the contours crossed but no
  *    loop is of the operation's kind; for an intersection of contours
  *    that only share boundary (a common side, part of one) this is the
  *    empty intersection. PA_IMPOSSIBLE or PA_NO_RECORD with *no_cross 1:
