@@ -112,14 +112,14 @@ bool RunTogether(GE_POINT pt, const LI_TAB_STRUCT *a, bool a_arriving, const LI_
          Sagitta(*a) + Sagitta(*b) < tol;
 }
 
-// Whether one of the other contour's halves (in arriving, out leaving)
-// runs together with half: the other contour follows that detour to its
-// far end, where its passage has an entry of its own, so nothing was
-// merged into this one.
+// Whether the other contour's half on the same side of the crossing (its
+// arriving half for an arriving one) runs together with half: the other
+// contour goes along that detour in the same sense to its far end, where
+// its passage has an entry of its own, so nothing was merged into this
+// one.
 bool Followed(GE_POINT pt, const LI_TAB_STRUCT *half, bool arriving, const LI_TAB_STRUCT *in,
               const LI_TAB_STRUCT *out) {
-  return RunTogether(pt, half, arriving, in, kArriving) ||
-         RunTogether(pt, half, arriving, out, kLeaving);
+  return RunTogether(pt, half, arriving, arriving ? in : out, arriving);
 }
 
 Halves TakeHalves(const GE_CROSS &c) {

@@ -163,10 +163,11 @@ POLYARC_EXTERN void FlFreeList(LI_HEAD *head, LI_TAB_STRUCT ***list, int16_t las
  * contour). The crossing list has merged the other contour's passage
  * across that element into this crossing, and the detour's own direction
  * would miss it: a tip of A 2 tol past a corner of B, say, would put B's
- * leaving half inside A. A detour that one of the other contour's halves
- * runs along (as below) keeps its place: the other contour follows it to
- * its far end, where its passage has an entry of its own, and a crossing
- * a few tol before the tip of a narrow notch would otherwise count twice.
+ * leaving half inside A. A detour that the other contour's half on the
+ * same side of pt (arriving or leaving alike) runs along (as below) keeps
+ * its place: the other contour follows it in the same sense to its far
+ * end, where its passage has an entry of its own, and a crossing a few
+ * tol before the tip of a narrow notch would otherwise count twice.
  * A half of B whose tangent runs within 60 degrees of a half of A
  * (dot product beyond +-0.5) takes its side from GeTanSide when the two
  * touch, side 0 meaning that it runs along A (a failed GeTanSide tells
