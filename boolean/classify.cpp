@@ -447,9 +447,27 @@ uint16_t SnapJoint(LI_TAB_STRUCT *e, LI_TAB_STRUCT *next, GE_POINT p) {
 
 bool AtEnd(uint16_t loc) { return loc == GE_AT_START || loc == GE_AT_END; }
 
+// Whether an earlier live entry at the same joint of A put it at another
+// point (the entries of one joint stand together in a list ordered along
+// A). Snapping it again would leave the earlier entry's loops a gap; both
+// points lie within tol of the joint, so at the tolerance they are one
+// passage of B, and the earlier entry stands for it.
+bool JointTakenElsewhere(const GE_CROSS *list, int i) {
+  const GE_CROSS &c = list[i];
+  for (int j = i - 1; j >= 0 && list[j].elem_a == c.elem_a; --j) {
+    const GE_CROSS &d = list[j];
+    if (!IsVoid(d) && AtEnd(d.loc_a) && !(d.pt == c.pt)) return true;
+  }
+  return false;
+}
+
 uint16_t CrossSetPt(GE_CROSS *list, int16_t last) {
   for (int i = 0; i <= last; ++i) {
-    const GE_CROSS &c = list[i];
+    GE_CROSS &c = list[i];
+    if (AtEnd(c.loc_a) && c.elem_a != nullptr && JointTakenElsewhere(list, i)) {
+      MakeVoid(c);
+      continue;
+    }
     if (AtEnd(c.loc_a) && c.elem_a != nullptr) {
       if (const uint16_t status = SnapJoint(c.elem_a, c.next_a, c.pt); status != PA_OK)
         return status;

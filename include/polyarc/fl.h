@@ -229,8 +229,13 @@ POLYARC_EXTERN uint16_t FlCheckCrossSingle(GE_CROSS *list, int16_t last);
  * at pt, elem_a's ep and then next_a's ap (unless next_a is elem_a)
  * become pt, each re-expanded (an arc first gets its centre corrected by
  * LiRadKorr); when elem_a already ends exactly at pt next_a is not looked
- * at. The same for B. Returns 0, or the first failing status of LiRadKorr
- * or LiElemExpand (e.g. PA_ZERO_LENGTH), which ends the walk. */
+ * at. The same for B. An entry at a joint of A that an earlier live
+ * entry (those of one joint stand together along A) already put at
+ * another point is made void (mode 3) and moves nothing: both points lie
+ * within tol of the joint, so at the tolerance they are one passage of
+ * B, and a second move would leave the first entry's loops a gap. Returns
+ * 0, or the first failing status of LiRadKorr or LiElemExpand (e.g.
+ * PA_ZERO_LENGTH), which ends the walk. */
 POLYARC_EXTERN uint16_t FlCrossSetPt(GE_CROSS *list, int16_t last);
 
 /* Rewires the contours at every live crossing: elem_a's successor becomes

@@ -217,5 +217,23 @@ TEST(CrossSetPt, SnapsBothSidesOfEachJointExactly) {
   EXPECT_EQ(a->ep, p) << "the next entry was not reached";
 }
 
+// Two entries at A's joint (0, 0), 0.3 apart at tol 0.25: the first moves
+// the joint, the second is void and leaves its own B joint alone.
+TEST(CrossSetPt, ASecondEntryAtAJointMovedElsewhereIsVoid) {
+  ToleranceScope tol(0.25);
+  Store store;
+  LI_HEAD *head = store.get();
+  LI_TAB_STRUCT *a = Polyline(head, {{-4, 0}, {0, 0}, {4, 0}});
+  LI_TAB_STRUCT *b1 = Polyline(head, {{0, -4}, {0, 0}, {0, 4}});
+  LI_TAB_STRUCT *b2 = Polyline(head, {{-4, -4}, {0, 0}, {4, 4}});
+  GE_CROSS list[] = {Joint(a, b1), Joint(a, b2)};
+  list[0].pt = {-0.15, 0};
+  list[1].pt = {0.15, 0};
+  EXPECT_EQ(FlCrossSetPt(list, 1), PA_OK);
+  EXPECT_EQ(Points({a->ep, a->next->ap, b1->ep, b2->ep}),
+            Points({{-0.15, 0}, {-0.15, 0}, {-0.15, 0}, {0, 0}}));
+  EXPECT_EQ(std::tuple(list[0].mode, list[1].mode), std::tuple(X, V));
+}
+
 }  // namespace
 }  // namespace polyarc_test

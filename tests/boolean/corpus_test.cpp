@@ -404,6 +404,35 @@ TEST(BooleanCorpus, GeosOverlayCurves) { RunCorpusFile("geos_overlay_curves.txt"
 TEST(BooleanCorpus, JtsOverlayGeneral) { RunCorpusFile("jts_overlay_general.txt"); }
 TEST(BooleanCorpus, JtsRobustOverlay) { RunCorpusFile("jts_robust_overlay.txt"); }
 
+// Pairs that random sweeps found, kept with the reason in the file. The
+// contours run within tol of each other in places, so the identities hold
+// to the tolerance along their boundaries, not to rounding.
+TEST(BooleanPairs, AreaIdentitiesHoldToTheTolerance) {
+  const std::string file = __FILE__;
+  const std::string path = file.substr(0, file.rfind("/tests/")) + "/tests/data/boolean_pairs.txt";
+  Store store;
+  ContourList contours(store.get());
+  std::string error;
+  ASSERT_TRUE(polyarc_tool::ReadContourFile(path, contours, error)) << error;
+  const auto &k = contours.contours();
+  ASSERT_EQ(k.size() % 2, 0u);
+  for (size_t i = 0; i < k.size(); i += 2) {
+    const LI_TAB_STRUCT *a = k[i].k, *b = k[i + 1].k;
+    const double area_a = std::fabs(LiKontArea(a)), area_b = std::fabs(LiKontArea(b));
+    const double allowed = 4 * GeEpsiGetTol() * (LiKontLen(a) + LiKontLen(b));
+    const auto run = [&](Op op, const LI_TAB_STRUCT *x, const LI_TAB_STRUCT *y) {
+      return polyarc_test::Run(store.get(), op, x, y);
+    };
+    const Region r[4] = {run(Op::kUnion, a, b), run(Op::kIntersection, a, b),
+                         run(Op::kDifference, a, b), run(Op::kDifference, b, a)};
+    SCOPED_TRACE(testing::Message() << "pair from line " << k[i].line);
+    for (const Region &one : r) EXPECT_EQ(one.status, PA_OK);
+    EXPECT_NEAR(r[0].area + r[1].area, area_a + area_b, allowed);
+    EXPECT_NEAR(r[2].area + r[1].area, area_a, allowed);
+    EXPECT_NEAR(r[3].area + r[1].area, area_b, allowed);
+  }
+}
+
 // Where p lies against a case's polygons: on any ring is the boundary;
 // inside a shell and in none of its polygon's holes is the interior.
 int Locate(const Case &c, GE_POINT p) {
