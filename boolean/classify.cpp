@@ -318,6 +318,34 @@ class EntriesByElemA {
   int16_t *order_ = nullptr;
 };
 
+// A piece of a contour no longer than a detour that stands in for a half.
+bool ShortPiece(const LI_TAB_STRUCT *e, double tol) {
+  return CoincideByDistance(e->ap, e->ep, kReachTols * tol);
+}
+
+// Two live overlap ends of the same mode, side and sense, one after the
+// other along A, with one short piece of A running from the first to the
+// second and one short piece of B running back: A and B swap over within
+// a stretch the tolerance makes one point, where one end of B's overlap
+// was found twice. The second goes.
+void DropTwistedRepeats(GE_CROSS *list, int16_t last, double tol) {
+  int i = 0;
+  while (i <= last && IsVoid(list[i])) ++i;
+  for (int j = i + 1; j <= last; ++j) {
+    if (IsVoid(list[j])) continue;
+    const GE_CROSS &c = list[i];
+    GE_CROSS &d = list[j];
+    const bool overlap_end = c.mode == FL_MODE_JOIN || c.mode == FL_MODE_LEAVE;
+    if (overlap_end && d.mode == c.mode && d.side == c.side && d.rev == c.rev &&
+        c.next_a == d.elem_a && d.next_b == c.elem_b && ShortPiece(d.elem_a, tol) &&
+        ShortPiece(c.elem_b, tol)) {
+      MakeVoid(d);
+      continue;
+    }
+    i = j;
+  }
+}
+
 uint16_t SetIdentDel(GE_CROSS *list, int16_t last) {
   const double tol = Tol();
   const EntriesByElemA by_elem(list, last);
@@ -332,6 +360,7 @@ uint16_t SetIdentDel(GE_CROSS *list, int16_t last) {
         MakeVoid(k);
     });
   }
+  DropTwistedRepeats(list, last, tol);
   return PA_OK;
 }
 

@@ -191,9 +191,15 @@ POLYARC_EXTERN uint16_t FlSetModeSideRev(GE_CROSS *cross);
 
 /* Classifies every entry of mode 0 in list order (FlSetModeSideRev) and,
  * when it is not then void, voids every later entry with the same elem_a,
- * elem_b, next_a and next_b and a point within tol per axis. Stops at the
- * first failing classification and returns its status, leaving later
- * entries unclassified; else 0. Finding the repeats takes a scratch array
+ * elem_b, next_a and next_b and a point within tol per axis. Then, of
+ * two live overlap ends of equal mode, side and rev that follow each
+ * other along A, joined by one piece of A from the first to the second
+ * and one piece of B back, both within 10 x tol, the second is voided: A
+ * and B swap over within what the tolerance makes one point, and one end
+ * of B's overlap was found twice. Stops at the first failing
+ * classification and returns its status, leaving later entries
+ * unclassified (and the second step undone); else 0. Finding the repeats
+ * takes a scratch array
  * from the memory service; without it a plain scan finds the same, so
  * memory never fails the call. */
 POLYARC_EXTERN uint16_t FlSetIdentDel(GE_CROSS *list, int16_t last);
