@@ -198,7 +198,7 @@ POLYARC_EXTERN uint16_t FlSetModeSideRev(GE_CROSS *cross);
  * and B swap over within what the tolerance makes one point, and one end
  * of B's overlap was found twice. Stops at the first failing
  * classification and returns its status, leaving later entries
- * unclassified (and the second step undone); else 0. Finding the repeats
+ * unclassified (and the second step not done); else 0. Finding the repeats
  * takes a scratch array
  * from the memory service; without it a plain scan finds the same, so
  * memory never fails the call. */
